@@ -1,0 +1,40 @@
+# The four kinds of target the tree is made of. A folder's CMakeLists.txt is one call of these.
+
+# What every target of ours is compiled with; libraries from outside are not.
+add_library(varn_options INTERFACE)
+target_include_directories(varn_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_options(varn_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+  # Pixel loops and the script machine promise the same bits on every processor.
+  -ffp-contract=off)
+
+# varn_library(NAME SOURCES a.cpp ... [LINK Lower ...] [PRIVATE_LINK lib ...])
+function(varn_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC varn_options ${ARG_LINK} PRIVATE ${ARG_PRIVATE_LINK})
+endfunction()
+
+# varn_test(NAME SOURCES a.cpp ... LINK Folder ...): one test program, one entry of ctest.
+function(varn_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE varn_options ${ARG_LINK} TestSupport GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE VARN_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  add_test(NAME ${name} COMMAND ${name})
+endfunction()
+
+# varn_fuzz(NAME LINK Folder ...): fuzz/NAME.cpp, with its seeds in fuzz/corpus/NAME.
+function(varn_fuzz name)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  add_executable(fuzz_${name} ${name}.cpp)
+  target_link_libraries(fuzz_${name} PRIVATE varn_options ${ARG_LINK})
+  target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+endfunction()
+
+# varn_bench(NAME SOURCES a.cpp ... LINK Folder ... )
+function(varn_bench name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE varn_options ${ARG_LINK})
+endfunction()

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Util/Host.h"
+
+#include <deque>
+
+namespace varn::test {
+
+/// A host that remembers what was shown and answers what it was told to. In force from construction to
+/// destruction.
+class RecordingHost : public Host
+{
+  public:
+    RecordingHost() : before(setHost(this)) {}
+    ~RecordingHost() override { setHost(before); }
+
+    std::vector<WString> messages;  ///< what showMessage was given
+    std::vector<Question> questions;
+    std::deque<Answer> answers;     ///< taken from the front; No when empty
+    std::vector<WString> opened;    ///< openWithShell and editText
+    WString clipboard;
+    std::uint64_t nowMs = 0;
+    bool japanese = false;
+
+    void showMessage(WStringView text) override { messages.emplace_back(text); }
+    Answer ask(const Question& question) override
+    {
+        questions.push_back(question);
+        if (answers.empty())
+            return Answer::No;
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<WString> chooseFile(const ChooserRequest&) override { return std::nullopt; }
+    std::optional<WString> chooseFolder(WStringView) override { return std::nullopt; }
+    bool openWithShell(WStringView target) override
+    {
+        opened.emplace_back(target);
+        return true;
+    }
+    bool editText(WStringView path) override { return openWithShell(path); }
+    void beep() override {}
+    void setClipboardText(WStringView text) override { clipboard = text; }
+    WString getClipboardText() override { return clipboard; }
+    std::uint64_t clockMs() override { return nowMs; }
+    bool isJapaneseUser() override { return japanese; }
+
+  private:
+    Host* before;
+};
+
+} // namespace varn::test
