@@ -12,17 +12,24 @@ namespace varn {
 class Exception : public std::exception
 {
   public:
-    explicit Exception(WString message) : messageW(std::move(message)) {}
+    /// @param location  the operation that raises, where the media layer tells it: "Bitmap::load"
+    explicit Exception(WString message, WString location = {})
+        : messageW(std::move(message)), location(std::move(location))
+    {
+    }
     ~Exception() override = default;
 
     /// The sentence. A derived kind may put its own prefix before it.
     virtual WString getMessage() const { return messageW; }
+
+    const WString& getLocation() const { return location; }
 
     /// The same in UTF-8, for logs and test runners.
     const char* what() const noexcept override;
 
   private:
     WString messageW;
+    WString location;
     mutable std::string utf8; // filled at the first what()
 };
 
