@@ -1,0 +1,149 @@
+#pragma once
+
+#include "Game/Compiler/Objects.h"
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace varn {
+
+/// Collects what is reached. Natives that hold values report them here (`ClassInterface::trace`).
+class Marker
+{
+  public:
+    void mark(const OperandData& value)
+    {
+        if (value.getKind() == Kind::String ||
+            (value.getKind() >= Kind::Array && value.getKind() <= Kind::UserPtr))
+            markObject(reinterpret_cast<HeapObject*>(value.bits));
+    }
+    void mark(std::span<const OperandData> values)
+    {
+        for (const OperandData& value : values)
+            mark(value);
+    }
+
+  private:
+    friend class Heap;
+    void markObject(HeapObject* object)
+    {
+        if (object->marked)
+            return;
+        object->marked = true;
+        if (object->type != HeapObject::Type::String)
+            pending.push_back(object);
+        else
+            ++reachedStrings;
+    }
+    /// Follows what was marked until nothing is pending: a list, not the native stack, so any
+    /// nesting of values is walked.
+    void drain();
+
+    std::vector<HeapObject*> pending;
+    std::size_t reachedObjects = 0;
+    std::size_t reachedStrings = 0;
+};
+
+/// Owner of the texts, arrays, tables and native instances of one interpreter: allocation by size
+/// class, mark and sweep. Used by the interpreter's thread only.
+///
+/// Nothing is collected during an allocation. The machine asks `wantsCollection` at the
+/// instructions that allocate, so a native may make values and hold them in plain variables until
+/// it returns.
+///
+/// Everything that allocates throws interpreter::InterpreterException when the limit is reached.
+class Heap
+{
+  public:
+    Heap();
+    ~Heap();
+    Heap(const Heap&) = delete;
+    Heap& operator=(const Heap&) = delete;
+
+    static constexpr std::size_t kDefaultLimit = std::size_t{1} << 30;
+    static constexpr std::size_t kFirstThreshold = 1000;
+
+    /// Most bytes that values may take together.
+    void setLimit(std::size_t bytes) { limit = bytes; }
+
+    OperandData makeString(WStringView text);
+    OperandData makeString(std::string_view ascii);
+    /// `left` and `right` in one text; appends to the buffer of `left` when no other cell sees
+    /// further into it, so building a text piece by piece is linear.
+    OperandData concat(const OperandData& left, WStringView right);
+    /// `size` elements, each "undefined". "Exception: array length is too large" beyond the limit.
+    Array* makeArray(std::int64_t size = 0);
+    Array* makeArray(std::span<const OperandData> elements);
+    Table* makeTable();
+    /// The new value owns `instance`: the class's `destroy` gets it once nothing reaches it.
+    OperandData makeObject(ClassInterface& classInterface, void* instance);
+    /// A value for an instance that somebody else owns and that outlives the run.
+    OperandData makeUserPointer(ClassInterface& classInterface, void* instance);
+
+    void push(Array& array, const OperandData& value)
+    {
+        if (array.count == array.capacity)
+            reserve(array, array.count + 1);
+        array.elements[array.count++] = value;
+    }
+    void append(Array& array, std::span<const OperandData> values);
+    void insert(Array& array, std::uint32_t position, std::span<const OperandData> values);
+    OperandData& ensureMember(Table& table, std::uint32_t name);
+    /// Tells of memory a native instance took (or, negative, gave back) beside itself.
+    void accountExternal(std::ptrdiff_t bytes);
+
+    bool wantsCollection() const { return objects >= collectThreshold || bytes >= byteThreshold; }
+    /// Marks from what `markRoots` reports and frees the rest.
+    void collect(const std::function<void(Marker&)>& markRoots);
+    /// Frees everything.
+    void clear();
+
+    /// Live arrays, tables and native instances, and the count at which the next collection is due.
+    std::size_t objectCount() const { return objects; }
+    std::size_t threshold() const { return collectThreshold; }
+    std::size_t byteCount() const { return bytes; }
+
+  private:
+    static constexpr std::size_t kStep = 16;
+    static constexpr std::size_t kClasses = 17; // cells of 16 to 256 bytes by index 1 to 16
+    static constexpr std::size_t kBlockBytes = 32 * 1024;
+    struct FreeCell
+    {
+        HeapObject head;
+        FreeCell* next;
+    };
+    struct Block
+    {
+        std::unique_ptr<std::byte[]> memory;
+        std::size_t sizeClass;
+    };
+
+    void* allocate(std::size_t size, HeapObject::Type type);
+    void* allocateCell(std::size_t sizeClass);
+    void refill(std::size_t sizeClass);
+    void* allocateLarge(std::size_t size);
+    StringBuffer* makeBuffer(std::uint32_t used, std::uint32_t capacity);
+    void reserve(Array& array, std::uint64_t size);
+    void charge(std::size_t size);
+    void release(HeapObject& object);
+    void sweep();
+    void sweepBlock(Block& block);
+    void sweepLarge();
+    [[noreturn]] void outOfMemory() const;
+
+    std::array<FreeCell*, kClasses> freeCells{};
+    std::vector<Block> blocks;
+    std::vector<HeapObject*> large;
+    std::size_t objects = 0;
+    std::size_t collectThreshold = kFirstThreshold;
+    std::size_t bytes = 0;
+    std::size_t byteThreshold = kFirstBytes;
+    std::size_t limit = kDefaultLimit;
+
+    static constexpr std::size_t kFirstBytes = std::size_t{4} << 20;
+};
+
+} // namespace varn
