@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Util/Bytes.h"
+#include "Util/Text.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <cstdio>
+
+namespace varn::driver {
+
+using Json = nlohmann::ordered_json;
+
+/// Standard output: UTF-8 with LF line ends. It is flushed before anything goes to standard error, so
+/// the two keep their order where they meet.
+class Output
+{
+  public:
+    /// The text and a line end.
+    void line(WStringView text);
+    void line(std::string_view utf8);
+    /// A text as it stands, CR LF written as LF.
+    void text(WStringView text);
+    /// Bytes as they are.
+    void bytes(ByteSpan bytes);
+    /// A value, indented by two blanks, and a line end.
+    void json(const Json& value);
+
+    void flush() { std::fflush(stdout); }
+    /// False once anything could not be written: a full disk, a closed pipe.
+    bool isGood() const { return std::ferror(stdout) == 0; }
+};
+
+/// A narrow or wide text as JSON holds it.
+std::string jsonText(WStringView text);
+std::string jsonText(std::string_view narrow);
+
+} // namespace varn::driver
