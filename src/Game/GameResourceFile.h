@@ -14,7 +14,8 @@ namespace varn {
 
 /// Told about the writing of an archive: bytes done, bytes in all, and the entry being written.
 /// Answers false to stop; the old archive then stands.
-using ExportProgress = std::function<bool(std::uint64_t done, std::uint64_t total, WStringView entry)>;
+using ExportProgress =
+    std::function<bool(std::uint64_t done, std::uint64_t total, WStringView entry)>;
 
 /// The archive of a finished game: named text and file entries behind a 24-byte head, the body
 /// scrambled with a 64-byte key. docs/formats.md gives the layout.
@@ -32,13 +33,25 @@ class GameResourceFile
         WString name;
         std::uint32_t size;
         ByteSpan data; ///< the stored bytes: a text ends with its zero byte. Owned by the archive
+        bool isText = false;
+
+        /// The file's bytes, or the text's without its zero byte.
+        ByteSpan content() const
+        {
+            const bool terminated = isText && !data.empty() && data.back() == std::byte{0};
+            return terminated ? data.first(data.size() - 1) : data;
+        }
     };
+
+    GameResourceFile() = default;
+    GameResourceFile(GameResourceFile&&) = delete; // the resources view its body
+    GameResourceFile& operator=(GameResourceFile&&) = delete;
 
     void addText(WString name, WString text);
     void addFile(WString name, WString path);
 
-    /// Writes the archive in one pass, scrambling on the way; memory does not grow with the files. A
-    /// file that cannot be opened is named in a message and skipped, still counted in the head.
+    /// Writes the archive in one pass, scrambling on the way; memory does not grow with the files.
+    /// A file that cannot be opened is named in a message and skipped, still counted in the head.
     /// False: the target cannot be written (shown), or `progress` stopped it; the old file stands.
     bool save(WStringView path, const ExportProgress& progress = {});
 
@@ -66,7 +79,8 @@ const GameResourceFile* projectArchive();
 /// Forgets it, so that the next call opens it anew; for tests and after an export.
 void closeProjectArchive();
 
-/// Bytes of a plain project file or, failing that, of the archive's entry `archiveName`.
+/// Bytes of a plain project file or, failing that, of the archive's entry `archiveName`, of a text
+/// without its zero byte.
 std::optional<std::string> readFileOrResource(WStringView path, WStringView archiveName);
 
 } // namespace varn

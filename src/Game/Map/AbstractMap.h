@@ -25,7 +25,7 @@ class AbstractMap
     /// False: the ".map" could not be written, and the old files stand.
     virtual bool save(WStringView fileName) = 0;
     /// False: this kind of map has no picture.
-    virtual bool saveAsImage(WStringView path);
+    virtual bool saveAsImage(WStringView) { return false; }
 
     std::int32_t enemyTableId = -1; ///< row of the encounter tables
     std::int32_t tileSize = 16;     ///< pixels of a tile as drawn

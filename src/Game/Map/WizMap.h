@@ -6,6 +6,9 @@
 #include "Game/Map/ImageType.h"
 #include "Game/Map/WizMapData.h"
 
+#include <filesystem>
+#include <vector>
+
 namespace varn {
 
 /// The party's light. While it is active the view reaches 5 cells.
@@ -32,6 +35,14 @@ struct WizMapProperties
     std::uint32_t fogColor = 0;          ///< also the colour of the distance
     std::uint32_t spareColor = 0xFFFFFF; ///< carried with the properties, read by nothing
     std::int32_t eyeHeight = 128;
+};
+
+/// An attribute of the side document's root, as it is written.
+struct MapAttribute
+{
+    WStringView key;
+    WString value;  ///< before escaping
+    char16_t quote; ///< `"` around names, `'` around settings
 };
 
 /// A dungeon floor: a grid of cells with walls on their edges, its settings, events and areas, read
@@ -87,6 +98,8 @@ class WizMap : public AbstractMap, public WizMapProperties
     /// Takes over names, sounds, pictures, settings and size, not the cells, events and areas.
     void copyPropertiesFrom(const WizMap& other);
 
+    /// The attributes of the side document in its order, with the values in use.
+    std::vector<MapAttribute> attributes() const;
     WString toAttributes() const override;
     /// The text of the side document, from declaration to "</Map>" and its line end.
     WString toXml() const;
@@ -96,7 +109,8 @@ class WizMap : public AbstractMap, public WizMapProperties
     /// Empties events and areas and zeroes all 50,000 bytes of the cells; size and settings stay.
     void clear() override;
     /// Writes both files, the side document behind the grid. True also where only the side document
-    /// could not be written.
+    /// could not be written. A side document that the load could not read is kept beside the new
+    /// one, with ".bak" behind its name.
     bool save(WStringView fileName) override;
     /// Refills this map. A side document that cannot be read is told in a message and leaves the
     /// defaults. @param fileName  the path with ".map"; looked for as MapFile.h tells
@@ -111,10 +125,12 @@ class WizMap : public AbstractMap, public WizMapProperties
         return static_cast<std::size_t>(static_cast<int>(type) - kFirstImageType);
     }
     void loadSideDocument(WStringView base);
+    void keepUnreadDocument(const std::filesystem::path& path);
 
     std::array<WString, kImageTypes> imageNames;
     std::int32_t visibleDistance = 0;
     std::int32_t fogStep = 0;
+    bool sideDocumentUnread = false; // it stands there and was refused: a save must not lose it
 };
 
 } // namespace varn

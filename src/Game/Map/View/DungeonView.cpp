@@ -1,0 +1,297 @@
+#include "Game/Map/View/DungeonView.h"
+
+#include "Game/Database/WizFloor.h"
+#include "Game/Map/GameResourceManager.h"
+#include "Graphics/Blit.h"
+#include "Util/FileLogger.h"
+
+#include <algorithm>
+
+namespace varn {
+
+namespace {
+
+constexpr ViewSide kSidesInPaintOrder[] = {ViewSide::Left, ViewSide::Front, ViewSide::Right};
+
+ImageType backgroundFacing(Direction facing)
+{
+    switch (facing.getValue()) {
+    case Direction::North:
+        return ImageType::BackgroundNorth;
+    case Direction::East:
+        return ImageType::BackgroundEast;
+    case Direction::South:
+        return ImageType::BackgroundSouth;
+    case Direction::West:
+        return ImageType::BackgroundWest;
+    default:
+        return ImageType::Background;
+    }
+}
+
+/// The largest part of a picture, from its middle, that has the view's shape.
+Rect fittedTo(const Image& picture, const Rect& view)
+{
+    const std::int64_t width = picture.getWidth(), height = picture.getHeight();
+    if (width * view.height > height * view.width) {
+        const int part = std::max(1, static_cast<int>(height * view.width / view.height));
+        return {static_cast<int>(width - part) / 2, 0, part, static_cast<int>(height)};
+    }
+    const int part = std::max(1, static_cast<int>(width * view.height / view.width));
+    return {0, static_cast<int>(height - part) / 2, static_cast<int>(width), part};
+}
+
+} // namespace
+
+void DungeonView::setBackBufferSize(int width, int height)
+{
+    width = std::clamp(width, 1, kSideLimit);
+    height = std::clamp(height, 1, kSideLimit);
+    if (viewBuffer.getWidth() == width && viewBuffer.getHeight() == height)
+        return;
+    FileLogger::instance().write(u"Map3D.setBackBufferSize: W:" + toDecimal(width) + u", H:" +
+                                 toDecimal(height));
+    viewBuffer.setSize(width, height);
+    floorCeilingBuffer.setSize(width, height);
+    kept = {};
+}
+
+void DungeonView::reloadImages()
+{
+    images.clear();
+    kept = {};
+}
+
+ViewGeometry DungeonView::geometry() const
+{
+    return ViewGeometry({0, 0, viewBuffer.getWidth(), viewBuffer.getHeight()}, map.eyeHeight);
+}
+
+bool DungeonView::isVeiled(const Scene& scene) const
+{
+    return isDark(map, wrapped(map, scene.viewer.x, scene.viewer.y));
+}
+
+std::optional<DungeonView::FogEdges> DungeonView::fogAt(int distance) const
+{
+    const int step = map.fogEnabled ? map.getFogStep() : 0;
+    const int near = std::min(distance * step, 255), far = std::min((distance + 1) * step, 255);
+    if (far == 0)
+        return std::nullopt;
+    return FogEdges{static_cast<std::uint8_t>(255 - near), static_cast<std::uint8_t>(255 - far)};
+}
+
+std::optional<Gradation> DungeonView::fogOnWall(ViewPlace place, ViewSide side) const
+{
+    const auto fog = fogAt(place.distance);
+    if (!fog)
+        return std::nullopt;
+    switch (side) {
+    case ViewSide::Left: // its near edge is at the left of the quad
+        return Gradation{map.fogColor, fog->near, fog->far, true};
+    case ViewSide::Right:
+        return Gradation{map.fogColor, fog->far, fog->near, true};
+    case ViewSide::Front:
+        break;
+    }
+    return Gradation{map.fogColor, fog->far, fog->far, true};
+}
+
+void DungeonView::drawView(Graphics& target, const Rect& place, const Viewpoint& viewer,
+                           Mirror mirror)
+{
+    setBackBufferSize(place.width, place.height);
+    const Scene scene{
+        viewer, std::clamp(static_cast<int>(map.getVisibleDistance()), 0, kMaxDistance), mirror};
+    const Kept wanted{scene.visibleDistance, map.getFogStep(), map.eyeHeight, map.fogColor,
+                      map.fogEnabled};
+    if (images.update(map) || wanted != kept) {
+        stock.clear();
+        paintFloorAndCeiling(scene.visibleDistance);
+        kept = wanted;
+    }
+    paint(scene);
+
+    viewBuffer.getBitmap().setColorKeyEnabled(false);
+    const Rect whole(0, 0, place.width, place.height);
+    const Rect onto = mirror == Mirror::On
+                          ? Rect(place.x + place.width - 1, place.y, -place.width, place.height)
+                          : Rect(place.x, place.y, place.width, place.height);
+    blitImage(target.getBitmap(), viewBuffer.getImage(), onto, whole);
+}
+
+void DungeonView::paint(const Scene& scene)
+{
+    const Rect whole(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
+    viewBuffer.fillRect(whole, 0, 255);
+    const bool veiled = isVeiled(scene);
+    if (veiled && !(map.light.active && map.light.power < 255))
+        return;
+    paintBackground(scene);
+    if (images.find(ImageType::Floor) || images.find(ImageType::Ceiling))
+        blitImage(viewBuffer.getBitmap(), floorCeilingBuffer.getImage(), whole, whole);
+    const std::vector<SeenCell> seen = walkView(map, scene.viewer, scene.visibleDistance);
+    for (auto cell = seen.rbegin(); cell != seen.rend(); ++cell)
+        paintCell(scene, *cell);
+    if (veiled)
+        viewBuffer.fillRect(whole, map.fogColor, static_cast<std::uint8_t>(255 - map.light.power));
+}
+
+void DungeonView::paintBackground(const Scene& scene)
+{
+    const ImageType facing = backgroundFacing(scene.viewer.facing);
+    const ImageType type = images.find(facing) ? facing : ImageType::Background;
+    const Image* const picture = images.find(type);
+    if (!picture)
+        return;
+    const auto* const entry =
+        dynamic_cast<const ImageResourceItem*>(GameResourceManager::instance().findByPath(
+            ResourceCategory::Background, map.getImageName(type)));
+    const Rect view(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
+    const Rect source =
+        entry && entry->scalingType ? fittedTo(*picture, view) : picture->getBounds();
+    // The finished picture is mirrored as a whole: what must not flip is mirrored here already.
+    const bool flips = entry && entry->movementType;
+    const bool mirroredHere = scene.mirror == Mirror::On && !flips;
+    blitImage(viewBuffer.getBitmap(), *picture,
+              mirroredHere ? Rect(view.width - 1, 0, -view.width, view.height) : view, source);
+}
+
+void DungeonView::paintFloorAndCeiling(int visibleDistance)
+{
+    floorCeilingBuffer.getBitmap().setAlphaChannel(true);
+    floorCeilingBuffer.getImage().fill(0);
+    const ViewGeometry quads = geometry();
+    for (const ImageType type : {ImageType::Floor, ImageType::Ceiling}) {
+        const Image* const picture = images.find(type);
+        if (!picture)
+            continue;
+        Image tile(*picture);
+        for (int distance = 0; distance <= visibleDistance; ++distance) {
+            tile.gradation.reset();
+            if (const auto fog = fogAt(distance))
+                tile.gradation = type == ImageType::Floor
+                                     ? Gradation{map.fogColor, fog->far, fog->near, false}
+                                     : Gradation{map.fogColor, fog->near, fog->far, false};
+            const int widest = kMaxLateral[static_cast<std::size_t>(distance)];
+            for (int lateral = -widest; lateral <= widest; ++lateral) {
+                const ViewPlace place{lateral, distance};
+                floorCeilingBuffer.drawImageToQuad(
+                    tile, type == ImageType::Floor ? quads.floor(place) : quads.ceiling(place));
+            }
+        }
+    }
+}
+
+void DungeonView::paintCell(const Scene& scene, const SeenCell& seen)
+{
+    if (seen.dark) {
+        const bool lit = map.light.active && map.light.power < 255;
+        const bool own = seen.place == ViewPlace{0, 0};
+        if (!(own && lit)) {
+            paintDark(seen);
+            return;
+        }
+    }
+    paintEvents(scene, seen, DisplayPosition::Floor);
+    paintEvents(scene, seen, DisplayPosition::Ceiling);
+    for (const ViewSide side : kSidesInPaintOrder)
+        paintWall(scene, seen, side);
+    paintEvents(scene, seen, DisplayPosition::Wall);
+    paintEvents(scene, seen, DisplayPosition::Default);
+}
+
+void DungeonView::paintDark(const SeenCell& seen)
+{
+    const ViewGeometry quads = geometry();
+    fillQuad(quads.floor(seen.place), 0);
+    fillQuad(quads.ceiling(seen.place), 0);
+    for (const ViewSide side : kSidesInPaintOrder)
+        if (const auto quad = quads.wall(seen.place, side))
+            fillQuad(*quad, 0);
+}
+
+void DungeonView::paintWall(const Scene& scene, const SeenCell& seen, ViewSide side)
+{
+    const auto quad = geometry().wall(seen.place, side);
+    if (!quad)
+        return;
+    const Direction edge = sideOf(scene.viewer.facing, side);
+    const SeenWall kind =
+        seeWall(wallOf(map.cellAt(seen.cell.x, seen.cell.y), edge), edge, map.light);
+    if (kind == SeenWall::Nothing) {
+        const bool last = seen.place.distance == scene.visibleDistance;
+        if (map.fillDistantView && last && side == ViewSide::Front)
+            fillQuad(*quad, map.fogColor);
+        return;
+    }
+    const Image* picture = images.find(kind == SeenWall::Door ? ImageType::Door : ImageType::Wall);
+    if (picture)
+        paintPiece(*picture, seen.place, side, *quad);
+}
+
+void DungeonView::paintPiece(const Image& picture, ViewPlace place, ViewSide side,
+                             const QuadCorners& quad)
+{
+    const auto fog = fogOnWall(place, side);
+    const StockKey key{&picture,
+                       static_cast<std::int8_t>(place.lateral),
+                       static_cast<std::int8_t>(place.distance),
+                       static_cast<std::int8_t>(side),
+                       fog.has_value(),
+                       fog.value_or(Gradation{})};
+    const StockImage* piece = stock.find(key);
+    if (!piece)
+        piece = &stock.add(key, StockImage(picture, fog, quad, geometry().getView()));
+    piece->draw(viewBuffer.getBitmap());
+}
+
+void DungeonView::paintEvents(const Scene& scene, const SeenCell& seen, DisplayPosition position)
+{
+    const WizFloorList& types = WizFloorList::instance();
+    for (const auto& event : map.events.list()) {
+        const bool known = event->type >= 0 && static_cast<std::size_t>(event->type) < types.size();
+        if (event->x != seen.cell.x || event->y != seen.cell.y || !known)
+            continue;
+        const WizFloorData& type = types.at(static_cast<std::size_t>(event->type));
+        const std::int32_t stands =
+            event->priority >= 0 ? event->priority : type.getDisplayPosition();
+        if (stands != static_cast<std::int32_t>(position) || !type.getVisibility3D())
+            continue;
+        if (const Image* const texture = images.texture(type.getTexture()))
+            paintTexture(*texture, scene, seen.place, position, event->direction);
+    }
+}
+
+void DungeonView::paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
+                               DisplayPosition position, Direction facing)
+{
+    Image picture(texture);
+    if (const auto fog = fogAt(place.distance))
+        picture.gradation = Gradation{map.fogColor, fog->near, fog->near, false};
+    const ViewGeometry quads = geometry();
+    switch (position) {
+    case DisplayPosition::Floor:
+        viewBuffer.drawImageToQuad(picture, quads.flatFloor(place));
+        break;
+    case DisplayPosition::Ceiling:
+        viewBuffer.drawImageToQuad(picture, quads.flatCeiling(place));
+        break;
+    case DisplayPosition::Wall:
+        for (const ViewSide side : kSidesInPaintOrder)
+            if (sideOf(scene.viewer.facing, side) == facing)
+                if (const auto quad = quads.onWall(place, side))
+                    viewBuffer.drawImageToQuad(picture, *quad);
+        break;
+    case DisplayPosition::Default:
+        viewBuffer.drawImageToQuad(picture, quads.upright(place));
+        break;
+    }
+}
+
+void DungeonView::fillQuad(const QuadCorners& quad, std::uint32_t colour)
+{
+    fillConvexQuad(viewBuffer.getBitmap(), quad, colour);
+}
+
+} // namespace varn

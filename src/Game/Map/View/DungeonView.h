@@ -1,0 +1,92 @@
+#pragma once
+
+#include "Game/Database/WizFloor.h"
+#include "Game/Map/View/StockImage.h"
+#include "Game/Map/View/ViewWalk.h"
+#include "Game/Map/View/WizMapImage.h"
+#include "Graphics/Graphics.h"
+
+namespace varn {
+
+enum class Mirror
+{
+    Off,
+    On
+};
+
+/// The first-person view of a floor, painted cell by cell from far to near into a buffer of its
+/// own. Warped walls, and floor and ceiling as a whole, are kept from picture to picture, so
+/// walking repaints by copying.
+class DungeonView
+{
+  public:
+    /// A buffer side is at most this.
+    static constexpr int kSideLimit = 4096;
+
+    explicit DungeonView(const WizMap& map) : map(map) { setBackBufferSize(320, 240); }
+
+    /// Sides from 1 to 4096; another size empties what is kept.
+    void setBackBufferSize(int width, int height);
+    /// Pictures changed on disk or in the map: reads them anew at the next drawing.
+    void reloadImages();
+
+    /// Paints the view from a cell at (x, y) of the target. The buffer takes the given size.
+    /// @param mirror  mirrors the whole picture left to right, the background only where its entry
+    /// in
+    ///                the resource catalogue says that it flips
+    void drawView(Graphics& target, const Rect& place, const Viewpoint& viewer,
+                  Mirror mirror = Mirror::Off);
+
+    /// The finished buffer of the last drawing, unmirrored.
+    const Bitmap& getBuffer() const { return viewBuffer.getBitmap(); }
+
+  private:
+    /// What one drawing holds fixed.
+    struct Scene
+    {
+        Viewpoint viewer;
+        int visibleDistance;
+        Mirror mirror;
+    };
+
+    void paint(const Scene& scene);
+    void paintBackground(const Scene& scene);
+    void paintFloorAndCeiling(int visibleDistance);
+    void paintCell(const Scene& scene, const SeenCell& seen);
+    void paintDark(const SeenCell& seen);
+    void paintWall(const Scene& scene, const SeenCell& seen, ViewSide side);
+    void paintPiece(const Image& picture, ViewPlace place, ViewSide side, const QuadCorners& quad);
+    void paintEvents(const Scene& scene, const SeenCell& seen, DisplayPosition position);
+    void paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
+                      DisplayPosition position, Direction facing);
+    void fillQuad(const QuadCorners& quad, std::uint32_t colour);
+    bool isVeiled(const Scene& scene) const;
+
+    /// The fog on a piece: strengths at the near and the far edge of its distance; nothing without
+    /// fog.
+    struct FogEdges
+    {
+        std::uint8_t near, far;
+    };
+    std::optional<FogEdges> fogAt(int distance) const;
+    std::optional<Gradation> fogOnWall(ViewPlace place, ViewSide side) const;
+    ViewGeometry geometry() const;
+
+    const WizMap& map;
+    WizMapImage images;
+    Graphics viewBuffer;
+    Graphics floorCeilingBuffer; ///< with alpha: what no tile covers shows the background
+    StockImageContainer stock;
+
+    /// What the kept pieces were made for.
+    struct Kept
+    {
+        int visibleDistance = -1, fogStep = -1, eyeHeight = 0;
+        std::uint32_t fogColor = 0;
+        bool fogEnabled = false;
+        bool operator==(const Kept&) const = default;
+    };
+    Kept kept;
+};
+
+} // namespace varn
