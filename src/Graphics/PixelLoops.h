@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace varn {
+
+/// How a row of source pixels is laid over a row of target pixels. Colours are pixel values, blue
+/// in the low byte. The target's alpha bytes are never written.
+struct RowStyle
+{
+    bool hasAlpha = false;         ///< the source's alpha bytes count; then no key is tested
+    bool keyed = false;            ///< source pixels of colour `key` are left out
+    std::uint32_t key = 0;         ///< 0x00RRGGBB
+    std::uint8_t toneStrength = 0; ///< 0: no tone
+    std::uint32_t tone = 0;        ///< 0x00RRGGBB
+    std::uint8_t opacity = 255;
+};
+
+/// Lays `count` pixels over the target: tone, then alpha or key, then opacity, each step in
+/// integers with truncation toward zero:
+///   tone     c = (c - t) * (255 - strength) / 255 + t
+///   alpha    c = (c - d) * a / 255 + d
+///   opacity  c = opacity * c / 255 + d - opacity * d / 255
+/// The rows do not overlap.
+void blendRow(const RowStyle& style, const std::uint8_t* source, std::uint8_t* target,
+              std::size_t count);
+
+/// Lays one colour (0x00RRGGBB) over a row with an opacity, by the opacity step above.
+void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
+                 std::size_t count);
+
+/// The same results one pixel at a time: what the vector forms are held to.
+void blendRowPlain(const RowStyle& style, const std::uint8_t* source, std::uint8_t* target,
+                   std::size_t count);
+void blendColourPlain(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
+                      std::size_t count);
+
+} // namespace varn

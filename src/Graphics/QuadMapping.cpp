@@ -1,0 +1,120 @@
+#include "Graphics/QuadMapping.h"
+
+#include <cmath>
+
+namespace varn {
+
+namespace {
+
+QuadPoint minus(const QuadPoint& p, const QuadPoint& q)
+{
+    return {p.x - q.x, p.y - q.y};
+}
+
+/// The linear case's root, in single precision.
+float linearRoot(double b, double c)
+{
+    return b == 0 ? 0.0F : static_cast<float>(-c) / static_cast<float>(b);
+}
+
+} // namespace
+
+QuadMapping::QuadMapping(const QuadCorners& q, int sourceWidth, int sourceHeight)
+    : origin(q[0]), b(minus(q[3], q[0])), c(minus(q[1], q[0])), width(sourceWidth),
+      height(sourceHeight)
+{
+    a = {q[2].x - q[3].x - q[1].x + q[0].x, q[2].y - q[3].y - q[1].y + q[0].y};
+    quadratic = a.x * c.y - c.x * a.y;
+    shape = Shape::General;
+    if (c.x == 0 && a.x == 0 && b.x != 0)
+        shape = Shape::Wall;
+    else if (b.y == 0 && a.y == 0)
+        shape = Shape::Floor;
+}
+
+std::int32_t QuadMapping::indexOf(double u, double v) const
+{
+    const double x = (width - 1) * u;
+    const double y = (height - 1) * v;
+    // Written so that a position that is no number is outside.
+    const bool inside = x >= 0 && y >= 0 && x < width && y < height;
+    return inside ? static_cast<std::int32_t>(y) * width + static_cast<std::int32_t>(x) : -1;
+}
+
+std::int32_t QuadMapping::solve(double dx, double dy) const
+{
+    const double linear = b.x * c.y + dx * a.y - c.x * b.y - a.x * dy;
+    const double constant = dx * b.y - b.x * dy;
+    double v;
+    if (quadratic == 0) {
+        v = linearRoot(linear, constant);
+    } else {
+        const double discriminant = linear * linear - 4 * quadratic * constant;
+        if (discriminant < 0)
+            return -1;
+        v = (-linear + std::sqrt(discriminant)) / (2 * quadratic);
+    }
+    const double divisor = a.x * v + b.x;
+    const double u = divisor == 0 ? 0 : (dx - c.x * v) / divisor;
+    return indexOf(u, v);
+}
+
+void QuadMapping::mapRowPlain(int row, int first, std::span<std::int32_t> out) const
+{
+    const double dy = row - origin.y;
+    for (std::size_t i = 0; i < out.size(); ++i)
+        out[i] = solve(first + static_cast<int>(i) - origin.x, dy);
+}
+
+void QuadMapping::mapWallRow(double dy, int first, std::span<std::int32_t> out) const
+{
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        const double dx = first + static_cast<int>(i) - origin.x;
+        const float v = linearRoot(b.x * c.y + dx * a.y, dx * b.y - b.x * dy);
+        out[i] = indexOf(dx / b.x, v);
+    }
+}
+
+void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out) const
+{
+    const double linear = b.x * c.y - a.x * dy;
+    const double constant = -(b.x * dy);
+    double v;
+    if (quadratic == 0) {
+        v = linearRoot(linear, constant);
+    } else {
+        const double discriminant = linear * linear - 4 * quadratic * constant;
+        v = (-linear + std::sqrt(discriminant)) /
+            (2 * quadratic); // no number when negative: outside
+    }
+    const double y = (height - 1) * v;
+    const double divisor = a.x * v + b.x;
+    if (!(y >= 0 && y < height)) {
+        std::fill(out.begin(), out.end(), -1);
+        return;
+    }
+    const std::int32_t rowStart = static_cast<std::int32_t>(y) * width;
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        const double dx = first + static_cast<int>(i) - origin.x;
+        const double x = (width - 1) * (divisor == 0 ? 0 : (dx - c.x * v) / divisor);
+        out[i] = x >= 0 && x < width ? rowStart + static_cast<std::int32_t>(x) : -1;
+    }
+}
+
+void QuadMapping::mapRow(int row, int first, std::span<std::int32_t> out) const
+{
+    const double dy = row - origin.y;
+    switch (shape) {
+    case Shape::Wall:
+        mapWallRow(dy, first, out);
+        break;
+    case Shape::Floor:
+        mapFloorRow(dy, first, out);
+        break;
+    case Shape::General:
+        mapRowPlain(row, first, out);
+        break;
+    }
+}
+
+} // namespace varn

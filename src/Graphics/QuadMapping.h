@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Graphics/Quad.h"
+
+#include <cstdint>
+
+namespace varn {
+
+/// Where the pixels of one box row lie in the picture, as pixel indices: y * width + x, or -1
+/// outside.
+///
+/// The general form solves the quadratic for every pixel. Two shapes are simpler, and give the very
+/// same results: upright walls, whose sides are vertical (u belongs to the column, v needs one
+/// division a pixel), and flat floors, whose near and far edges are level (v belongs to the row).
+class QuadMapping
+{
+  public:
+    /// @param corners  relative to the box
+    QuadMapping(const QuadCorners& corners, int sourceWidth, int sourceHeight);
+
+    /// @param first  first column of the box wanted
+    /// @param out    output, a pixel index a column
+    void mapRow(int row, int first, std::span<std::int32_t> out) const;
+    /// One pixel at a time, by the general form: what `mapRow` is held to.
+    void mapRowPlain(int row, int first, std::span<std::int32_t> out) const;
+
+  private:
+    enum class Shape
+    {
+        General,
+        Wall,
+        Floor
+    };
+
+    std::int32_t indexOf(double u, double v) const;
+    std::int32_t solve(double dx, double dy) const;
+    void mapWallRow(double dy, int first, std::span<std::int32_t> out) const;
+    void mapFloorRow(double dy, int first, std::span<std::int32_t> out) const;
+
+    QuadPoint origin, a, b, c;
+    double quadratic;
+    int width, height;
+    Shape shape;
+};
+
+} // namespace varn

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Util/Text.h"
+
+#include <span>
+
+namespace varn {
+
+/// Prints floors for people: a map as a picture, and a web page of maps with their events.
+///
+/// The page's shell is a template that users edit, kept in `Resources/Settings.xml` beside the
+/// program;
+/// "%output%" in it becomes the maps, "%title%" the page's file name.
+
+/// Writes the map as a PNG. False: the picture cannot be written.
+/// @throws Exception  the map cannot be loaded
+bool saveMapAsImage(WStringView mapName, WStringView path);
+
+/// Writes a page of the named maps, UTF-16 with a mark, and beside it `Resources/maze.css` where
+/// none stands, since the page links it. False: not writable.
+/// @throws Exception  a map cannot be loaded; nothing is written
+bool exportMapsAsHtml(std::span<const WString> mapNames, WStringView path);
+
+/// The page's template; made and stored where there is none.
+WString loadMazeTemplate();
+/// Stores a template. False: "Couldn't save " and the path was shown.
+bool saveMazeTemplate(WStringView text);
+
+} // namespace varn
