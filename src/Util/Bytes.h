@@ -37,13 +37,22 @@ class ByteReader
     std::int32_t s32() { return static_cast<std::int32_t>(u32()); }
 
     /// Exactly `count` bytes, a view into the span.
-    ByteSpan take(std::size_t count);
+    ByteSpan take(std::size_t count)
+    {
+        if (count > remaining())
+            throwTooShort(count);
+        const ByteSpan taken = bytes.subspan(at, count);
+        at += count;
+        return taken;
+    }
     /// At most `count` bytes: what is left when fewer remain.
     ByteSpan takeUpTo(std::size_t count);
     void skip(std::size_t count) { take(count); }
+    /// @throws Exception  the position lies behind the end; the end itself is a position
     void seek(std::size_t position);
 
   private:
+    [[noreturn]] void throwTooShort(std::size_t wanted) const;
     static std::uint32_t littleEndian(ByteSpan few)
     {
         std::uint32_t value = 0;

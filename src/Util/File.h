@@ -47,7 +47,11 @@ bool replaceFile(const std::filesystem::path& path, ByteSpan bytes);
 class FileReplacement
 {
   public:
-    explicit FileReplacement(std::filesystem::path path);
+    /// How the scratch file stands in the folder while it is being written. A nameless one vanishes with
+    /// the process however that ends; a file system that has none gets a named one.
+    enum class Scratch { Nameless, Named };
+
+    explicit FileReplacement(std::filesystem::path path, Scratch scratch = Scratch::Nameless);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
@@ -59,12 +63,21 @@ class FileReplacement
     bool writeAt(std::uint64_t offset, ByteSpan bytes);
     /// The open descriptor, for calls of the system that copy between files.
     int descriptor() const { return handle; }
+    /// Once; false: the old file stands.
     bool commit();
 
   private:
-    std::filesystem::path target;
-    std::filesystem::path temporary; // empty: written in place
-    int handle = -1;
+    bool openBeside(Scratch scratch);
+    void openElsewhere();
+    void takeOver(unsigned mode, unsigned owner, unsigned group);
+    bool commitByName();
+    bool commitInPlace();
+    void abandon();
+
+    std::filesystem::path target;    // behind all links
+    std::filesystem::path temporary; // the scratch file's name, while it has one
+    int handle = -1;                 // the scratch file
+    bool inPlace = false;            // copied over the target at the end, instead of renamed
     bool failed = false;
 };
 

@@ -41,6 +41,11 @@ WString replaceAll(WStringView text, WStringView from, WStringView to);
 /// Equality with the letters A to Z folded, the rest to the unit.
 bool equalsIgnoringAsciiCase(WStringView a, WStringView b);
 
+/// Equality under simple case folding of all scripts; no one-to-many folding, so "ß" is not "ss".
+bool equalsIgnoringCase(WStringView a, WStringView b);
+/// The simple case folding of one code point; itself where it has none.
+char32_t foldCase(char32_t code);
+
 /// True for a letter of any script (categories L*), of the basic plane; surrogates are none.
 bool isLetter(char16_t unit);
 

@@ -1,0 +1,376 @@
+#include "Util/CodePage.h"
+
+#include "Util/AsciiRun.h"
+#include "Util/CodePageTables.h"
+#include "Util/Exception.h"
+
+#include <iconv.h>
+
+namespace varn {
+
+namespace {
+
+/// The system's converter from one code page to UTF-16, used only to fill tables: it stops at what
+/// it does not know instead of replacing it, and a table is several times as fast.
+class SystemConverter
+{
+  public:
+    explicit SystemConverter(const char* name) : handle(iconv_open("UTF-16LE", name))
+    {
+        if (handle == reinterpret_cast<iconv_t>(-1))
+            throw Exception(u"The system has no converter for the encoding " + fromUtf8(name));
+    }
+    ~SystemConverter() { iconv_close(handle); }
+    SystemConverter(const SystemConverter&) = delete;
+    SystemConverter& operator=(const SystemConverter&) = delete;
+
+    /// The unit that these bytes name, or 0: they name nothing, or more than one unit.
+    char16_t convert(std::string_view character)
+    {
+        iconv(handle, nullptr, nullptr, nullptr, nullptr);
+        char* in =
+            const_cast<char*>(character.data()); // iconv's parameter is historical, it only reads
+        std::size_t inLeft = character.size();
+        char units[8];
+        char* out = units;
+        std::size_t outLeft = sizeof units;
+        if (iconv(handle, &in, &inLeft, &out, &outLeft) != 0 || out != units + 2)
+            return 0;
+        return static_cast<char16_t>(static_cast<unsigned char>(units[0]) |
+                                     static_cast<unsigned char>(units[1]) << 8);
+    }
+
+  private:
+    iconv_t handle;
+};
+
+/// Enters every pair of the system's converter with a lead byte in a range.
+void enterPairs(DoubleByteTable& table, SystemConverter& system, unsigned first, unsigned last)
+{
+    for (unsigned lead = first; lead <= last; ++lead) {
+        for (unsigned trail = table.firstTrail; trail < 0xFF; ++trail) {
+            const char bytes[] = {static_cast<char>(lead), static_cast<char>(trail)};
+            if (const char16_t unit = system.convert({bytes, 2}))
+                table.enter(lead, trail, unit);
+        }
+    }
+}
+
+void enterAscii(DoubleByteTable& table)
+{
+    for (unsigned char byte = 0; byte < 0x80; ++byte)
+        table.enterSingle(byte, byte);
+}
+
+DoubleByteTable makeShiftJisTable()
+{
+    DoubleByteTable table;
+    SystemConverter system("CP932");
+    table.substitute = u'・';
+    enterAscii(table);
+    for (unsigned byte = 0xA1; byte <= 0xDF; ++byte)
+        table.enterSingle(static_cast<unsigned char>(byte),
+                          static_cast<char16_t>(0xFF61 + byte - 0xA1));
+    // The first pair that is entered for a unit encodes it. Where the vendors' rows repeat a
+    // character, the standard's row comes first, then NEC's row 13, then IBM's rows; NEC's copies
+    // of those last.
+    enterPairs(table, system, 0x81, 0x9F);
+    enterPairs(table, system, 0xE0, 0xEC);
+    enterPairs(table, system, 0xEF, 0xFC);
+    enterPairs(table, system, 0xED, 0xEE);
+    // Units that other tables use for characters which this one has under another unit.
+    struct Alias
+    {
+        char16_t unit;
+        std::uint16_t code;
+    };
+    for (const auto& [unit, code] :
+         {Alias{0x00A2, 0x8191}, Alias{0x00A3, 0x8192}, Alias{0x00AC, 0x81CA},
+          Alias{0x2014, 0x815C}, Alias{0x2016, 0x8161}, Alias{0x2212, 0x817C},
+          Alias{0x301C, 0x8160}})
+        table.codes[unit] = code;
+    for (const char16_t unit : {u'\u00A5', u'\u203E'})
+        table.codes[unit] = static_cast<unsigned char>(romanByte(unit));
+    // Bytes without a meaning in the standard, the system's converter refuses them. They pass
+    // through, so that a file which holds one is written back as it was.
+    table.enterSingle(0x80, 0x0080);
+    table.enterSingle(0xA0, 0x00A0);
+    table.enterSingle(0xFD, 0xF8F1);
+    table.enterSingle(0xFE, 0xF8F2);
+    table.enterSingle(0xFF, 0xF8F3);
+    return table;
+}
+
+/// The user's area of code page 950: the private use area in order, through four blocks of pairs.
+void enterBig5UserArea(DoubleByteTable& table)
+{
+    struct Block
+    {
+        unsigned first, last;
+    };
+    char16_t unit = 0xE000;
+    for (const auto& [first, last] : {Block{0xFA, 0xFE}, Block{0x8E, 0xA0}, Block{0x81, 0x8D}}) {
+        for (unsigned lead = first; lead <= last; ++lead) {
+            for (unsigned trail = 0x40; trail <= 0xFE; ++trail) {
+                if (trail <= 0x7E || trail >= 0xA1)
+                    table.enter(lead, trail, unit++);
+            }
+        }
+    }
+    // The fourth block, C6A1 to C8FE, continues at U+F6B1 and comes from the system's converter.
+}
+
+DoubleByteTable makeBig5Table()
+{
+    DoubleByteTable table;
+    SystemConverter system("CP950");
+    enterAscii(table);
+    table.enterSingle(0x80, 0x0080);
+    table.enterSingle(0xFF, 0xF8F8);
+    // Two ideographs stand twice; A451 and A4CA encode them.
+    table.codes[u'十'] = 0xA451;
+    table.codes[u'卅'] = 0xA4CA;
+    enterPairs(table, system, 0xA1, 0xF9);
+    enterBig5UserArea(table);
+    return table;
+}
+
+const DoubleByteTable& big5Table()
+{
+    static const DoubleByteTable table = makeBig5Table();
+    return table;
+}
+
+JisTables makeJisTables()
+{
+    JisTables tables;
+    const DoubleByteTable& table932 = shiftJisTable();
+    SystemConverter system("EUC-JP");
+    for (unsigned row = 0x21; row <= 0x7E; ++row) {
+        for (unsigned cell = 0x21; cell <= 0x7E; ++cell) {
+            const auto jis = static_cast<std::uint16_t>(row << 8 | cell);
+            const std::uint16_t pair = shiftJisFromJis(jis);
+            const char16_t unit208 = table932.pair(pair >> 8, pair & 0xFF);
+            if (unit208 != 0 && tables.codes208[unit208] == 0)
+                tables.codes208[unit208] = jis;
+            const char bytes[] = {'\x8F', static_cast<char>(row | 0x80),
+                                  static_cast<char>(cell | 0x80)};
+            const char16_t unit212 = system.convert({bytes, 3});
+            tables.units212[jis] = unit212;
+            if (unit212 != 0)
+                tables.codes212[unit212] = jis;
+        }
+    }
+    for (unsigned unit = 0; unit < 0x10000; ++unit) { // the aliases, U+301C and its like
+        const std::uint16_t pair = table932.codes[unit];
+        if (pair > 0xFF && pair < 0xF000 && tables.codes208[unit] == 0)
+            tables.codes208[unit] = jisFromShiftJis(pair);
+    }
+    return tables;
+}
+
+WString decodeWith(const DoubleByteTable& table, std::string_view bytes)
+{
+    WString wide(bytes.size(), u'\0');
+    char16_t* out = wide.data();
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < 0x80) {
+            const std::size_t run = asciiRun(bytes.data() + at, bytes.size() - at);
+            for (std::size_t i = 0; i < run; ++i)
+                out[i] = static_cast<unsigned char>(bytes[at + i]);
+            out += run;
+            at += run;
+            continue;
+        }
+        ++at;
+        char16_t unit = table.single[byte];
+        if (unit == DoubleByteTable::kLead) {
+            unit = 0;
+            if (at < bytes.size() && table.isTrail(static_cast<unsigned char>(bytes[at])))
+                unit = table.pair(byte, static_cast<unsigned char>(bytes[at++]));
+        }
+        *out++ = unit != 0 ? unit : table.substitute;
+    }
+    wide.resize(static_cast<std::size_t>(out - wide.data()));
+    return wide;
+}
+
+/// Encodes with a function that appends one character that is no ASCII and says whether it could.
+template <typename AppendCharacter>
+std::string encodeWith(WStringView text, std::size_t mostBytes, AppendCharacter append)
+{
+    std::string bytes(text.size() * mostBytes, '\0');
+    char* out = bytes.data();
+    for (std::size_t at = 0; at < text.size();) {
+        const char16_t unit = text[at];
+        if (unit < 0x80) {
+            const std::size_t run = asciiRun(text.data() + at, text.size() - at);
+            for (std::size_t i = 0; i < run; ++i)
+                out[i] = static_cast<char>(text[at + i]);
+            out += run;
+            at += run;
+            continue;
+        }
+        ++at;
+        if (append(unit, out))
+            continue;
+        *out++ = '?';
+        const bool highSurrogate = unit >= 0xD800 && unit < 0xDC00;
+        if (highSurrogate && at < text.size() && text[at] >= 0xDC00 && text[at] < 0xE000)
+            ++at; // one character of two units, one mark
+    }
+    bytes.resize(static_cast<std::size_t>(out - bytes.data()));
+    return bytes;
+}
+
+void put16(char*& out, unsigned code)
+{
+    *out++ = static_cast<char>(code >> 8);
+    *out++ = static_cast<char>(code);
+}
+
+std::string encodeDoubleByte(const DoubleByteTable& table, WStringView text)
+{
+    return encodeWith(text, 2, [&](char16_t unit, char*& out) {
+        const unsigned code = table.codes[unit];
+        if (code == 0)
+            return false;
+        if (code > 0xFF)
+            put16(out, code);
+        else
+            *out++ = static_cast<char>(code);
+        return true;
+    });
+}
+
+std::string encodeEucJp(WStringView text)
+{
+    return encodeWith(text, 3, [&](char16_t unit, char*& out) {
+        const JisTables& jis = jisTables();
+        if (const unsigned code = jis.codes208[unit]) {
+            put16(out, code | 0x8080);
+        } else if (unit >= 0xFF61 && unit <= 0xFF9F) {
+            put16(out, 0x8EA1u + (unit - 0xFF61));
+        } else if (const unsigned code212 = jis.codes212[unit]) {
+            *out++ = '\x8F';
+            put16(out, code212 | 0x8080);
+        } else if (const char roman = romanByte(unit)) {
+            *out++ = roman;
+        } else {
+            return false;
+        }
+        return true;
+    });
+}
+
+bool isEucByte(char byte)
+{
+    const auto b = static_cast<unsigned char>(byte);
+    return b >= 0xA1 && b <= 0xFE;
+}
+
+/// Rewrites the pairs of A1 to FE as Shift_JIS. The sequences of half-width katakana and JIS X
+/// 0212, behind 8E and 8F, have no pair there and are passed over whole.
+std::string shiftJisFromEuc(std::string_view bytes)
+{
+    std::string result(bytes);
+    for (std::size_t at = 0; at + 1 < result.size();) {
+        if (static_cast<unsigned char>(result[at]) < 0x80) {
+            at += asciiRun(result.data() + at, result.size() - at);
+        } else if (result[at] == '\x8E' || result[at] == '\x8F') {
+            at += result[at] == '\x8E' ? 2 : 3;
+        } else if (isEucByte(result[at]) && isEucByte(result[at + 1])) {
+            const std::uint16_t pair = shiftJisFromJis(
+                static_cast<std::uint16_t>((result[at] & 0x7F) << 8 | (result[at + 1] & 0x7F)));
+            result[at++] = static_cast<char>(pair >> 8);
+            result[at++] = static_cast<char>(pair);
+        } else {
+            ++at;
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+void DoubleByteTable::enter(unsigned lead, unsigned trail, char16_t unit)
+{
+    single[lead] = kLead;
+    pairs[(lead - 0x80) * 256 + trail] = unit;
+    if (codes[unit] == 0)
+        codes[unit] = static_cast<std::uint16_t>(lead << 8 | trail);
+}
+
+void DoubleByteTable::enterSingle(unsigned char byte, char16_t unit)
+{
+    single[byte] = unit;
+    codes[unit] = byte;
+}
+
+const DoubleByteTable& shiftJisTable()
+{
+    static const DoubleByteTable table = makeShiftJisTable();
+    return table;
+}
+
+const JisTables& jisTables()
+{
+    static const JisTables tables = makeJisTables();
+    return tables;
+}
+
+std::uint16_t shiftJisFromJis(std::uint16_t jis)
+{
+    const unsigned row = jis >> 8, cell = jis & 0xFF;
+    const unsigned lead = (row + 1) / 2 + (row < 0x5F ? 0x70 : 0xB0);
+    const unsigned trail = row % 2 == 0 ? cell + 0x7E : cell + (cell < 0x60 ? 0x1F : 0x20);
+    return static_cast<std::uint16_t>(lead << 8 | trail);
+}
+
+std::uint16_t jisFromShiftJis(std::uint16_t pair)
+{
+    const unsigned lead = pair >> 8, trail = pair & 0xFF;
+    const unsigned evenRow = (lead - (lead < 0xA0 ? 0x70 : 0xB0)) * 2;
+    if (trail >= 0x9F)
+        return static_cast<std::uint16_t>(evenRow << 8 | (trail - 0x7E));
+    return static_cast<std::uint16_t>((evenRow - 1) << 8 | (trail - (trail < 0x7F ? 0x1F : 0x20)));
+}
+
+WString decode(ByteSpan bytes, CodePage codePage)
+{
+    const std::string_view chars = asChars(bytes);
+    const bool plain = asciiRun(chars.data(), chars.size()) == chars.size();
+    if (plain && codePage != CodePage::Iso2022Jp)
+        return WString(chars.begin(), chars.end());
+    switch (codePage) {
+    case CodePage::ShiftJis:
+        return decodeWith(shiftJisTable(), chars);
+    case CodePage::Big5:
+        return decodeWith(big5Table(), chars);
+    case CodePage::EucJp:
+        return decodeWith(shiftJisTable(), shiftJisFromEuc(chars));
+    case CodePage::Iso2022Jp:
+        return decodeIso2022Jp(chars);
+    }
+    return {};
+}
+
+std::string encode(WStringView text, CodePage codePage)
+{
+    if (asciiRun(text.data(), text.size()) == text.size())
+        return std::string(text.begin(), text.end());
+    switch (codePage) {
+    case CodePage::ShiftJis:
+        return encodeDoubleByte(shiftJisTable(), text);
+    case CodePage::Big5:
+        return encodeDoubleByte(big5Table(), text);
+    case CodePage::EucJp:
+        return encodeEucJp(text);
+    case CodePage::Iso2022Jp:
+        return encodeIso2022Jp(text);
+    }
+    return {};
+}
+
+} // namespace varn
