@@ -109,7 +109,9 @@ template <auto First, auto... Rest>
 struct Path
 {
     using Row = typename MemberOf<decltype(First)>::Row;
-    static auto& of(GameRow& row) { return ((static_cast<Row&>(row).*First).*....*Rest); }
+    // clang-format off
+    static auto& of(GameRow& row) { return ((static_cast<Row&>(row).*First) .* ... .* Rest); }
+    // clang-format on
 };
 
 template <auto List>
@@ -120,16 +122,18 @@ struct ListOf
     static auto& of(GameRow& row) { return static_cast<Row&>(row).*List; }
 };
 
-template <auto List, bool InContainer>
+template <auto List, Entries Which>
 inline constexpr ChildRows kChildRows{
     .table = &ListOf<List>::Child::fieldTable,
-    .inContainer = InContainer,
+    .entries = Which,
     .size =
         [](const GameRow& row) {
             return (static_cast<const typename ListOf<List>::Row&>(row).*List).size();
         },
     .at = [](GameRow& row, std::size_t index) -> GameRow& { return ListOf<List>::of(row)[index]; },
-    .append = [](GameRow& row) -> GameRow& { return ListOf<List>::of(row).emplace_back(); },
+    .append = [](GameRow& row, const Element&) -> GameRow& {
+        return ListOf<List>::of(row).emplace_back();
+    },
     .clear = [](GameRow& row) { ListOf<List>::of(row).clear(); },
 };
 
@@ -146,25 +150,14 @@ constexpr Field field(WStringView key, WStringView label)
     return field;
 }
 
-/// A list of child rows: the children of the child element `container`, whatever their names.
-template <auto List>
-constexpr Field childRowsIn(WStringView container, WStringView label)
-{
-    return {.key = container,
-            .label = label,
-            .kind = Kind::ChildRows,
-            .children = &fields::kChildRows<List, true>};
-}
-
-/// A list of child rows: those children of the row's element that have the child rows' element
-/// name.
-template <auto List>
+/// A list of child rows.
+template <auto List, Entries Which>
 constexpr Field childRows(WStringView key, WStringView label)
 {
     return {.key = key,
             .label = label,
             .kind = Kind::ChildRows,
-            .children = &fields::kChildRows<List, false>};
+            .children = &fields::kChildRows<List, Which>};
 }
 
 constexpr Field coded(const Codec& codec, WStringView key, WStringView label)
@@ -217,6 +210,6 @@ inline constexpr Field kBaseMarker =
         .to(u"Markers");
 inline constexpr Field kBaseName = field<&BaseDatabaseModel::name>(u"name", u"Name");
 inline constexpr Field kBaseName2 =
-    field<&BaseDatabaseModel::name2>(u"name2", u"Name (second language)");
+    field<&BaseDatabaseModel::name2>(u"name2", u"Name (Second Language)");
 
 } // namespace varn

@@ -76,15 +76,23 @@ struct OlderKey
 
 struct FieldTable;
 
+/// Which child elements are the entries of a list of child rows.
+enum class Entries : std::uint8_t
+{
+    InContainer, ///< all children of the child element that the field's key names
+    ByElement,   ///< the children with the child rows' element name
+    ByAttribute, ///< the children that carry the child rows' first key, whatever their name
+};
+
 /// The list behind a field of kind ChildRows.
 struct ChildRows
 {
     const FieldTable& (*table)();
-    bool inContainer; ///< the entries stand in a child element named by the field's key, else in
-                      ///< the row
+    Entries entries;
     std::size_t (*size)(const GameRow&);
     GameRow& (*at)(GameRow&, std::size_t);
-    GameRow& (*append)(GameRow&);
+    /// The entry that the child is read into; throws Exception for a child that is no entry.
+    GameRow& (*append)(GameRow&, const Element& child);
     void (*clear)(GameRow&);
 };
 
@@ -115,10 +123,16 @@ struct Field
     OlderKey older = {};
     WStringView refersTo = {}; ///< tag of a table, "States"; empty: the number refers to nothing
     Refers refers = Refers::Row;
-    std::span<const WStringView>
-        choices; ///< labels of the values 0, 1, ... or of an array's entries
+    WStringView (*refersToOf)(const GameRow&) = nullptr; ///< where the table depends on the row
+    /// Labels of the values 0, 1, ..., or of an array's entries.
+    std::span<const WStringView> choices = {};
     const ChildRows* children = nullptr;
     const Codec* codec = nullptr;
+    /// The text stands in the child element with this position, of any name, and is written as one
+    /// named by the key; kAttribute: it stands in an attribute.
+    std::int8_t child = kAttribute;
+
+    static constexpr std::int8_t kAttribute = -1;
 
     // Each gives the field with one thing changed, so a row of a table reads as a sentence.
     constexpr Field orElse(std::int32_t value) const
@@ -171,6 +185,25 @@ struct Field
         field.refers = how;
         return field;
     }
+    constexpr Field to(WStringView (*tagOf)(const GameRow&)) const
+    {
+        Field field = *this;
+        field.refersToOf = tagOf;
+        return field;
+    }
+    /// A wide text that is the row's one CDATA child.
+    constexpr Field inCData() const
+    {
+        Field field = *this;
+        field.kind = Kind::CDataTexts;
+        return field;
+    }
+    constexpr Field inChild(std::int8_t position) const
+    {
+        Field field = *this;
+        field.child = position;
+        return field;
+    }
     constexpr Field among(std::span<const WStringView> labels) const
     {
         Field field = *this;
@@ -194,6 +227,19 @@ struct FieldTable
     void (*assign)(GameRow& target, const GameRow& source) = nullptr;
 
     const Field* find(WStringView key) const;
+
+    constexpr FieldTable swappingNames() const
+    {
+        FieldTable table = *this;
+        table.swapsNames = true;
+        return table;
+    }
+    constexpr FieldTable withChildren() const
+    {
+        FieldTable table = *this;
+        table.selfClosing = false;
+        return table;
+    }
 };
 
 // What a field holds, as numbers and as the text of its attribute. These are for readers that walk

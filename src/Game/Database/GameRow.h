@@ -33,7 +33,9 @@ class GameRow
 
     /// The row's element, unlinked, in `arena`. Names go through the language rule.
     Element* toElement(NodeArena& arena) const;
-    /// Takes over an element's fields; what the element lacks takes the field's default.
+    /// Takes over an element's fields; what the element lacks takes the field's default. What is
+    /// refused stops the reading of this row, or of the child row it stands in, and is told in
+    /// `faults`.
     void fromElement(const Element& element, Faults& faults);
 
     /// Size of the `.dat` record in bytes; 0 for a row class without that form.

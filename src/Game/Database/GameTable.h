@@ -6,6 +6,8 @@
 
 namespace varn {
 
+class XMLParser;
+
 /// Where tables lie, relative to the project. The one place to change it.
 struct GameDataIO
 {
@@ -59,10 +61,19 @@ class TableFile
     /// Rows, of all tables of the document.
     virtual std::size_t size() const = 0;
 
+    /// The last load met a document that could not be read: saving now would replace what the
+    /// person may still repair.
+    virtual bool wasRefused() const { return refused; }
+
   protected:
-    virtual void composeElement(WString& out) const = 0;
+    /// Loads a document of the data folder; false where it is missing or refused.
+    bool readDocument(XMLParser& parser, WStringView fileName);
+    /// Root element and rows, each line ended by "\r\n".
+    virtual void composeRoot(WString& out) const = 0;
     /// Puts the composed document into the data folder.
-    bool write(WStringView fileName) const;
+    bool writeFile(WStringView fileName) const;
+
+    bool refused = false;
 };
 
 /// A table: a list of rows that it owns; a row's position, counted from 0, is its number. The one
@@ -96,21 +107,22 @@ class GameTable : public TableFile
     void resize(std::size_t count);
     void clear() { datas.clear(); }
 
+    /// The rows in an element of that name, as it stands at a depth of a document; each line ended
+    /// by
+    /// "\r\n".
+    void composeRows(WString& out, WStringView elementName, std::size_t depth) const;
+
     const TableInfo& getInfo() const { return info; }
     WStringView getTagName() const { return info.tagName; }
     const FieldTable& getFieldTable() const { return info.rows(); }
     /// Name inside the data folder that saving writes: that of the last load, ending in ".xml";
     /// empty when nothing was loaded by name.
     const WString& getFileName() const { return fileName; }
-    /// The last load met a document that could not be read: saving now would replace what the
-    /// person may still repair.
-    bool wasRefused() const { return refused; }
 
   protected:
     explicit GameTable(const TableInfo& info) : info(info) {}
 
-    using TableFile::composeElement;
-    void composeElement(WString& out) const override;
+    void composeRoot(WString& out) const override;
     /// The element that holds the rows; null where the document has none.
     virtual const Element* findTableElement(const Element& root) const;
     /// Runs behind each load.
@@ -119,17 +131,17 @@ class GameTable : public TableFile
     std::unique_ptr<GameRow> newRow() const { return getFieldTable().make(); }
     void readRows(const Element& table);
     void pad(std::size_t minRows);
-    bool readXml(std::size_t minRows);
-    void readDat(WStringView datName);
-    void readDatRows(ByteSpan bytes);
-    WString rootName() const;
 
     std::vector<std::unique_ptr<GameRow>> datas;
     WString fileName;
 
   private:
+    bool readXml(std::size_t minRows);
+    void readDat(WStringView datName);
+    void readDatRows(ByteSpan bytes);
+    WString rootName() const;
+
     const TableInfo& info;
-    bool refused = false;
 };
 
 } // namespace varn

@@ -51,7 +51,7 @@ class StringTable
     const WString& getFileName() const { return fileName; }
 
   private:
-    Element* makeElement(NodeArena& arena) const;
+    void fill(Element& table) const;
 
     WString fileName = u"Resources/StringTable.xml";
     std::map<WString, WString, std::less<>> strings;

@@ -1,0 +1,29 @@
+#include "Game/Database/BaseDatabase.h"
+
+#include "Parser/XMLParser.h"
+
+namespace varn {
+
+bool BaseDatabase::load(WStringView fileName, std::size_t minRows)
+{
+    clear();
+    XMLParser parser;
+    if (readDocument(parser, fileName) && findTableElement(*parser.getRootElement()))
+        return load(parser.getRootElement(), minRows);
+    loaded();
+    return false;
+}
+
+bool BaseDatabase::load(const Element* root, std::size_t minRows)
+{
+    clear();
+    fileName.clear();
+    const Element* const table = root ? findTableElement(*root) : nullptr;
+    if (table)
+        readRows(*table);
+    pad(minRows);
+    loaded();
+    return table != nullptr;
+}
+
+} // namespace varn
