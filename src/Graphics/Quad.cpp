@@ -108,7 +108,8 @@ void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& ta
     if (firstColumn >= endColumn || firstRow >= endRow)
         return;
 
-    const QuadMapping mapping(relativeTo(corners, box), source.getWidth(), source.getHeight());
+    const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
+                              source.getHeight());
     const QuadPaint paint(source);
     std::vector<std::uint8_t> strengths;
     if (paint.gradation)
@@ -144,7 +145,8 @@ Rect createWarpedImage(const Image& source, const QuadCorners& corners, Image& r
     if (source.getColorKey() != Bitmap::kNoKey)
         result.setColorKey(source.getColorKey());
     const std::uint32_t outside = swapRedBlue(source.getColorKey()) & 0xFFFFFF;
-    const QuadMapping mapping(relativeTo(corners, box), source.getWidth(), source.getHeight());
+    const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
+                              source.getHeight());
     const std::uint8_t* const pixels = source.getBitmap().getBits();
     std::vector<std::int32_t> places(static_cast<std::size_t>(result.getWidth()));
     for (int row = 0; row < result.getHeight(); ++row) {

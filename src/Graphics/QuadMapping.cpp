@@ -1,5 +1,8 @@
 #include "Graphics/QuadMapping.h"
 
+#include "Graphics/QuadRows.h"
+
+#include <algorithm>
 #include <cmath>
 
 namespace varn {
@@ -19,7 +22,7 @@ float linearRoot(double b, double c)
 
 } // namespace
 
-QuadMapping::QuadMapping(const QuadCorners& q, int sourceWidth, int sourceHeight)
+QuadMapping::QuadMapping(const QuadCorners& q, int boxWidth, int sourceWidth, int sourceHeight)
     : origin(q[0]), b(minus(q[3], q[0])), c(minus(q[1], q[0])), width(sourceWidth),
       height(sourceHeight)
 {
@@ -30,6 +33,23 @@ QuadMapping::QuadMapping(const QuadCorners& q, int sourceWidth, int sourceHeight
         shape = Shape::Wall;
     else if (b.y == 0 && a.y == 0)
         shape = Shape::Floor;
+    if (shape == Shape::Wall)
+        prepareColumns(boxWidth);
+}
+
+void QuadMapping::prepareColumns(int boxWidth)
+{
+    const auto columns = static_cast<std::size_t>(std::max(0, boxWidth));
+    sourceColumns.resize(columns);
+    linearParts.resize(columns);
+    constantParts.resize(columns);
+    for (std::size_t i = 0; i < columns; ++i) {
+        const double dx = static_cast<int>(i) - origin.x;
+        const double x = (width - 1) * (dx / b.x);
+        sourceColumns[i] = x >= 0 && x < width ? static_cast<std::int32_t>(x) : -1;
+        linearParts[i] = b.x * c.y + dx * a.y;
+        constantParts[i] = dx * b.y;
+    }
 }
 
 std::int32_t QuadMapping::indexOf(double u, double v) const
@@ -68,11 +88,14 @@ void QuadMapping::mapRowPlain(int row, int first, std::span<std::int32_t> out) c
 
 void QuadMapping::mapWallRow(double dy, int first, std::span<std::int32_t> out) const
 {
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        const double dx = first + static_cast<int>(i) - origin.x;
-        const float v = linearRoot(b.x * c.y + dx * a.y, dx * b.y - b.x * dy);
-        out[i] = indexOf(dx / b.x, v);
-    }
+    const auto from = static_cast<std::size_t>(first);
+    quadrows::wallRow({.linear = linearParts.data() + from,
+                       .constant = constantParts.data() + from,
+                       .columns = sourceColumns.data() + from,
+                       .rowConstant = b.x * dy,
+                       .width = width,
+                       .height = height},
+                      out);
 }
 
 void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out) const
@@ -89,16 +112,18 @@ void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out)
     }
     const double y = (height - 1) * v;
     const double divisor = a.x * v + b.x;
-    if (!(y >= 0 && y < height)) {
-        std::fill(out.begin(), out.end(), -1);
+    if (!(y >= 0 && y < height) || divisor == 0) {
+        const bool inside = y >= 0 && y < height; // then u is 0 all over
+        std::fill(out.begin(), out.end(), inside ? static_cast<std::int32_t>(y) * width : -1);
         return;
     }
-    const std::int32_t rowStart = static_cast<std::int32_t>(y) * width;
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        const double dx = first + static_cast<int>(i) - origin.x;
-        const double x = (width - 1) * (divisor == 0 ? 0 : (dx - c.x * v) / divisor);
-        out[i] = x >= 0 && x < width ? rowStart + static_cast<std::int32_t>(x) : -1;
-    }
+    quadrows::floorRow({.first = -origin.x,
+                        .index = first,
+                        .shift = c.x * v,
+                        .divisor = divisor,
+                        .rowStart = static_cast<std::int32_t>(y) * width,
+                        .width = width},
+                       out);
 }
 
 void QuadMapping::mapRow(int row, int first, std::span<std::int32_t> out) const

@@ -3,6 +3,8 @@
 #include "Graphics/Quad.h"
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
 namespace varn {
 
@@ -16,9 +18,9 @@ class QuadMapping
 {
   public:
     /// @param corners  relative to the box
-    QuadMapping(const QuadCorners& corners, int sourceWidth, int sourceHeight);
+    QuadMapping(const QuadCorners& corners, int boxWidth, int sourceWidth, int sourceHeight);
 
-    /// @param first  first column of the box wanted
+    /// @param first  first column of the box wanted; all wanted columns lie in the box
     /// @param out    output, a pixel index a column
     void mapRow(int row, int first, std::span<std::int32_t> out) const;
     /// One pixel at a time, by the general form: what `mapRow` is held to.
@@ -34,6 +36,7 @@ class QuadMapping
 
     std::int32_t indexOf(double u, double v) const;
     std::int32_t solve(double dx, double dy) const;
+    void prepareColumns(int boxWidth);
     void mapWallRow(double dy, int first, std::span<std::int32_t> out) const;
     void mapFloorRow(double dy, int first, std::span<std::int32_t> out) const;
 
@@ -41,6 +44,10 @@ class QuadMapping
     double quadratic;
     int width, height;
     Shape shape;
+    // Of a wall, by column of the box: the picture's column (-1 outside), and the two parts of the
+    // root that do not depend on the row.
+    std::vector<std::int32_t> sourceColumns;
+    std::vector<double> linearParts, constantParts;
 };
 
 } // namespace varn

@@ -39,7 +39,7 @@ const BlitCase kBlitCases[] = {
     {"twice as wide", {0, 0, 6, 1}, {0, 0, 3, 1}, {1, 1, 2, 2, 3, 3}},
     {"half as wide", {0, 0, 2, 1}, {0, 0, 4, 1}, {1, 3, 0, 0, 0, 0}},
     {"mirrored, from x to the left", {4, 0, -4, 1}, {0, 0, 4, 1}, {0, 4, 3, 2, 1, 0}},
-    {"mirrored, cut on both sides", {7, 0, -8, 1}, {0, 0, 4, 1}, {4, 3, 3, 2, 2, 1}},
+    {"mirrored, cut on both sides", {7, 0, -8, 1}, {0, 0, 4, 1}, {4, 4, 3, 3, 2, 2}},
     {"past the picture's end", {0, 0, 4, 1}, {2, 0, 4, 1}, {3, 4, 0, 0, 0, 0}},
     {"from before the picture", {0, 0, 4, 1}, {-2, 0, 4, 1}, {0, 0, 1, 2, 0, 0}},
     {"below the surface", {0, 3, 4, 1}, {0, 0, 4, 1}, {0, 0, 0, 0, 0, 0}},
