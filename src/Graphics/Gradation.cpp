@@ -1,23 +1,10 @@
 #include "Graphics/Gradation.h"
 
+#include "Graphics/PixelLoops.h"
+
 #include <cstddef>
 
 namespace varn {
-
-namespace {
-
-std::uint32_t fogged(std::uint32_t pixel, const Gradation& gradation, int strength)
-{
-    std::uint32_t out = pixel & 0xFF000000;
-    for (int channel = 0; channel < 3; ++channel) {
-        const int c = static_cast<int>(pixel >> (channel * 8) & 0xFF);
-        const int g = static_cast<int>(gradation.colour >> ((2 - channel) * 8) & 0xFF);
-        out |= static_cast<std::uint32_t>((c - g) * strength / 255 + g) << (channel * 8);
-    }
-    return out;
-}
-
-} // namespace
 
 std::vector<std::uint8_t> strengthTable(const Gradation& gradation, int steps)
 {
@@ -35,11 +22,12 @@ std::vector<std::uint8_t> strengthTable(const Gradation& gradation, int steps)
 void applyGradation(const Gradation& gradation, std::span<const std::uint8_t> strengths, int row,
                     int column, std::span<std::uint32_t> pixels)
 {
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-        const std::size_t step =
-            static_cast<std::size_t>(gradation.horizontal ? column + static_cast<int>(i) : row);
-        pixels[i] = fogged(pixels[i], gradation, strengths[step]);
-    }
+    const std::uint32_t colour = (gradation.colour & 0xFF00) | (gradation.colour & 0xFF) << 16 |
+                                 (gradation.colour >> 16 & 0xFF);
+    if (gradation.horizontal)
+        fogRowAcross(colour, strengths.data() + column, pixels.data(), pixels.size());
+    else
+        fogRow(colour, strengths[static_cast<std::size_t>(row)], pixels.data(), pixels.size());
 }
 
 } // namespace varn

@@ -1,5 +1,6 @@
 #include "Graphics/PixelLoops.h"
 
+#include <algorithm>
 #include <cstring>
 
 #if defined(__x86_64__)
@@ -64,6 +65,39 @@ void blendColourPlain(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* 
                 fade(static_cast<int>(colour >> (channel * 8) & 0xFF), target[channel], opacity));
 }
 
+void fogRowAcrossPlain(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                       std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        std::uint32_t out = pixels[i] & 0xFF000000;
+        for (int shift = 0; shift < 24; shift += 8) {
+            const int c = approach(static_cast<int>(pixels[i] >> shift & 0xFF),
+                                   static_cast<int>(colour >> shift & 0xFF), strengths[i]);
+            out |= static_cast<std::uint32_t>(c) << shift;
+        }
+        pixels[i] = out;
+    }
+}
+
+void copyUnlessKeyPlain(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                        std::uint8_t* target, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if ((source[i] & 0xFFFFFF) == key)
+            continue;
+        const std::uint32_t opaque = pixels[i] | 0xFF000000;
+        std::memcpy(target + i * 4, &opaque, sizeof opaque);
+    }
+}
+
+void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count)
+{
+    std::uint8_t strengths[256];
+    std::memset(strengths, strength, sizeof strengths);
+    for (std::size_t done = 0; done < count; done += sizeof strengths)
+        fogRowAcross(colour, strengths, pixels + done, std::min(sizeof strengths, count - done));
+}
+
 #if defined(__x86_64__)
 
 namespace pixelloops {
@@ -72,6 +106,13 @@ void blendRowAvx2(const RowStyle& style, const std::uint8_t* source, std::uint8_
                   std::size_t count);
 void blendColourAvx2(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
                      std::size_t count);
+
+std::size_t fogAvx2(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                    std::size_t count);
+std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
+                              const std::uint32_t* pixels, std::uint8_t* target, std::size_t count);
+std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
+                       std::size_t count);
 
 namespace {
 
@@ -109,6 +150,15 @@ struct Sse2
     }
     static bool isZero(Reg r) { return equal(r, _mm_setzero_si128()); }
     static bool equal(Reg a, Reg b) { return _mm_movemask_epi8(_mm_cmpeq_epi8(a, b)) == 0xFFFF; }
+    /// Four bytes, each in all four channels of its pixel.
+    static Reg spreadBytes(const std::uint8_t* bytes)
+    {
+        std::int32_t four;
+        std::memcpy(&four, bytes, sizeof four);
+        Reg r = _mm_cvtsi32_si128(four);
+        r = _mm_unpacklo_epi8(r, r);
+        return _mm_unpacklo_epi16(r, r);
+    }
     static Reg spreadAlpha(Reg channels)
     {
         return _mm_shufflehi_epi16(_mm_shufflelo_epi16(channels, 0xFF), 0xFF);
@@ -138,6 +188,32 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
         pixelloops::blendColour<pixelloops::Sse2>(colour, opacity, target, count);
 }
 
+void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                  std::size_t count)
+{
+    using namespace pixelloops;
+    const std::size_t done = kHasAvx2 ? fogAvx2(colour, strengths, pixels, count)
+                                      : fogVectors<Sse2>(colour, strengths, pixels, count);
+    fogRowAcrossPlain(colour, strengths + done, pixels + done, count - done);
+}
+
+void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                   std::uint8_t* target, std::size_t count)
+{
+    using namespace pixelloops;
+    const std::size_t done = kHasAvx2 ? copyUnlessKeyAvx2(key, source, pixels, target, count)
+                                      : copyVectors<Sse2>(key, source, pixels, target, count);
+    copyUnlessKeyPlain(key, source + done, pixels + done, target + done * 4, count - done);
+}
+
+void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
+                  std::size_t count)
+{
+    std::size_t i = pixelloops::kHasAvx2 ? pixelloops::gatherAvx2(pixels, places, out, count) : 0;
+    for (; i < count; ++i)
+        out[i] = loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4);
+}
+
 #else
 
 void blendRow(const RowStyle& style, const std::uint8_t* source, std::uint8_t* target,
@@ -150,6 +226,25 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
                  std::size_t count)
 {
     blendColourPlain(colour, opacity, target, count);
+}
+
+void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                  std::size_t count)
+{
+    fogRowAcrossPlain(colour, strengths, pixels, count);
+}
+
+void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                   std::uint8_t* target, std::size_t count)
+{
+    copyUnlessKeyPlain(key, source, pixels, target, count);
+}
+
+void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
+                  std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        out[i] = loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4);
 }
 
 #endif

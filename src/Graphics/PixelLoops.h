@@ -30,10 +30,30 @@ void blendRow(const RowStyle& style, const std::uint8_t* source, std::uint8_t* t
 void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
                  std::size_t count);
 
+/// Lays a colour (0x00RRGGBB) over pixels: c = (c - t) * strength / 255 + t, truncated toward zero,
+/// alpha untouched; 255 leaves them as they are. The second form has a strength for each pixel.
+void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count);
+void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                  std::size_t count);
+
+/// Writes pixels with alpha 255 where the source's colour is not the key.
+/// @param source  what the key (0x00RRGGBB) is tested on
+/// @param pixels  what is written, fogged or the source itself
+void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                   std::uint8_t* target, std::size_t count);
+
+/// out[i] = pixels[places[i]]; every place is in the picture.
+void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
+                  std::size_t count);
+
 /// The same results one pixel at a time: what the vector forms are held to.
 void blendRowPlain(const RowStyle& style, const std::uint8_t* source, std::uint8_t* target,
                    std::size_t count);
 void blendColourPlain(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
                       std::size_t count);
+void fogRowAcrossPlain(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                       std::size_t count);
+void copyUnlessKeyPlain(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                        std::uint8_t* target, std::size_t count);
 
 } // namespace varn

@@ -47,6 +47,12 @@ struct Avx2
     }
     static bool isZero(Reg r) { return _mm256_testz_si256(r, r); }
     static bool equal(Reg a, Reg b) { return isZero(_mm256_xor_si256(a, b)); }
+    /// Eight bytes, each in all four channels of its pixel.
+    static Reg spreadBytes(const std::uint8_t* bytes)
+    {
+        const __m128i eight = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes));
+        return _mm256_mullo_epi32(_mm256_cvtepu8_epi32(eight), all32(0x01010101));
+    }
     static Reg spreadAlpha(Reg channels)
     {
         return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(channels, 0xFF), 0xFF);
@@ -65,6 +71,31 @@ void blendColourAvx2(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* t
                      std::size_t count)
 {
     blendColour<Avx2>(colour, opacity, target, count);
+}
+
+std::size_t fogAvx2(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                    std::size_t count)
+{
+    return fogVectors<Avx2>(colour, strengths, pixels, count);
+}
+
+std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
+                              const std::uint32_t* pixels, std::uint8_t* target, std::size_t count)
+{
+    return copyVectors<Avx2>(key, source, pixels, target, count);
+}
+
+std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
+                       std::size_t count)
+{
+    std::size_t i = 0;
+    for (; i + 8 <= count; i += 8) {
+        const __m256i indices = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(places + i));
+        const __m256i got =
+            _mm256_i32gather_epi32(reinterpret_cast<const int*>(pixels), indices, 4);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + i), got);
+    }
+    return i;
 }
 
 } // namespace varn::pixelloops

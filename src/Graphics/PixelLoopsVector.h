@@ -138,4 +138,44 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
     blendColourPlain(colour, opacity, target + i * 4, count - i);
 }
 
+/// Fog over one register of pixels, with the weights as bytes of every channel.
+template <class V>
+typename V::Reg fogged(typename V::Reg pixels, typename V::Reg colour, typename V::Reg weights)
+{
+    const auto c = Channels<V>::of(pixels), w = Channels<V>::of(weights);
+    const Channels<V> mixed{approach<V>(c.lo, colour, w.lo), approach<V>(c.hi, colour, w.hi)};
+    return V::select(V::all32(static_cast<int>(0xFF000000)), pixels, mixed.pack());
+}
+
+template <class V>
+std::size_t fogVectors(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
+                       std::size_t count)
+{
+    const auto wide = V::unpackLo(V::all32(static_cast<int>(colour)));
+    std::size_t i = 0;
+    for (; i + V::kPixels <= count; i += V::kPixels) {
+        auto* const at = reinterpret_cast<std::uint8_t*>(pixels + i);
+        V::store(at, fogged<V>(V::load(at), wide, V::spreadBytes(strengths + i)));
+    }
+    return i;
+}
+
+template <class V>
+std::size_t copyVectors(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
+                        std::uint8_t* target, std::size_t count)
+{
+    const auto colourMask = V::all32(0x00FFFFFF),
+               alphaMask = V::all32(static_cast<int>(0xFF000000));
+    const auto keys = V::all32(static_cast<int>(key));
+    std::size_t i = 0;
+    for (; i + V::kPixels <= count; i += V::kPixels) {
+        const auto s = V::load(reinterpret_cast<const std::uint8_t*>(source + i));
+        const auto p = V::load(reinterpret_cast<const std::uint8_t*>(pixels + i));
+        const auto hidden = V::equal32(V::bitAnd(s, colourMask), keys);
+        std::uint8_t* const at = target + i * 4;
+        V::store(at, V::select(hidden, V::load(at), V::bitOr(p, alphaMask)));
+    }
+    return i;
+}
+
 } // namespace varn::pixelloops

@@ -64,6 +64,75 @@ struct QuadPaint
     const std::optional<Gradation>& gradation;
 };
 
+/// Paints rows of one quad.
+class QuadRow
+{
+  public:
+    QuadRow(const QuadPaint& paint, const Image& source, const Rect& box)
+        : paint(paint), pixels(source.getBitmap().getBits())
+    {
+        if (paint.gradation)
+            strengths = strengthTable(*paint.gradation,
+                                      paint.gradation->horizontal ? box.width : box.height);
+    }
+
+    /// @param places  where the columns from `column` on lie in the picture, -1 outside
+    /// @param out     the target's pixel of the first of them
+    void draw(std::span<const std::int32_t> places, int row, int column, std::uint8_t* out)
+    {
+        while (!places.empty() && places.front() < 0) {
+            places = places.subspan(1);
+            ++column;
+            out += 4;
+        }
+        while (!places.empty() && places.back() < 0)
+            places = places.first(places.size() - 1);
+        const bool oneRun =
+            std::none_of(places.begin(), places.end(), [](auto p) { return p < 0; });
+        if (oneRun && !paint.hasAlpha)
+            drawRun(places, row, column, out);
+        else
+            drawPixels(places, row, column, out);
+    }
+
+  private:
+    /// A run of a picture without alpha, many pixels at a time.
+    void drawRun(std::span<const std::int32_t> places, int row, int column, std::uint8_t* out)
+    {
+        source.resize(places.size());
+        gatherPixels(pixels, places.data(), source.data(), places.size());
+        const std::vector<std::uint32_t>* colours = &source;
+        if (paint.gradation) {
+            fogged = source;
+            applyGradation(*paint.gradation, strengths, row, column, fogged);
+            colours = &fogged;
+        }
+        // No colour equals a key with a top byte.
+        copyUnlessKey(paint.keyed ? paint.key : Bitmap::kNoKey, source.data(), colours->data(), out,
+                      places.size());
+    }
+
+    void drawPixels(std::span<const std::int32_t> places, int row, int column,
+                    std::uint8_t* out) const
+    {
+        for (std::size_t i = 0; i < places.size(); ++i, out += 4) {
+            if (places[i] < 0)
+                continue;
+            const std::size_t step = !paint.gradation ? 0
+                                     : paint.gradation->horizontal
+                                         ? static_cast<std::size_t>(column) + i
+                                         : static_cast<std::size_t>(row);
+            paint.paint(loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4),
+                        strengths.empty() ? 255 : strengths[step], out);
+        }
+    }
+
+    const QuadPaint& paint;
+    const std::uint8_t* pixels;
+    std::vector<std::uint8_t> strengths;
+    std::vector<std::uint32_t> source, fogged; // of the run in hand
+};
+
 QuadCorners relativeTo(const QuadCorners& corners, const Rect& box)
 {
     QuadCorners shifted = corners;
@@ -111,27 +180,13 @@ void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& ta
     const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
                               source.getHeight());
     const QuadPaint paint(source);
-    std::vector<std::uint8_t> strengths;
-    if (paint.gradation)
-        strengths =
-            strengthTable(*paint.gradation, paint.gradation->horizontal ? box.width : box.height);
-    const std::uint8_t* const pixels = source.getBitmap().getBits();
     std::vector<std::int32_t> places(static_cast<std::size_t>(endColumn - firstColumn));
+    QuadRow painter(paint, source, box);
     for (int row = firstRow; row < endRow; ++row) {
         mapping.mapRow(row, firstColumn, places);
-        std::uint8_t* out = target.getBits() +
-                            static_cast<std::size_t>(box.y + row) * target.getStride() +
-                            static_cast<std::size_t>(box.x + firstColumn) * 4;
-        for (std::size_t i = 0; i < places.size(); ++i, out += 4) {
-            if (places[i] < 0)
-                continue;
-            const std::size_t step = !paint.gradation ? 0
-                                     : paint.gradation->horizontal
-                                         ? static_cast<std::size_t>(firstColumn) + i
-                                         : static_cast<std::size_t>(row);
-            paint.paint(loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4),
-                        strengths.empty() ? 255 : strengths[step], out);
-        }
+        painter.draw(places, row, firstColumn,
+                     target.getBits() + static_cast<std::size_t>(box.y + row) * target.getStride() +
+                         static_cast<std::size_t>(box.x + firstColumn) * 4);
     }
 }
 

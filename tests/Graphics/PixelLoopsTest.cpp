@@ -52,6 +52,28 @@ TEST(PixelLoops, VectorsGiveTheBytesOfThePlainForm)
     }
 }
 
+TEST(PixelLoops, FogAndKeyedCopyAgreeToo)
+{
+    std::mt19937 random(9);
+    for (int round = 0; round < 500; ++round) {
+        const std::size_t count = random() % 60;
+        std::vector<std::uint32_t> source(count + 1);
+        for (std::uint32_t& pixel : source)
+            pixel = random() & (round % 2 ? 0xFFFFFFFF : 0xFF000001);
+        const Bytes strengths = noise(random, count + 8);
+        std::vector<std::uint32_t> fast = source, plain = source;
+        const std::uint32_t colour = random() & 0xFFFFFF;
+        fogRowAcross(colour, strengths.data(), fast.data(), count);
+        fogRowAcrossPlain(colour, strengths.data(), plain.data(), count);
+        ASSERT_EQ(fast, plain) << "fog, round " << round;
+        Bytes fastTarget(count * 4 + 4, 9), plainTarget = fastTarget;
+        copyUnlessKey(source[0] & 0xFFFFFF, source.data(), fast.data(), fastTarget.data(), count);
+        copyUnlessKeyPlain(source[0] & 0xFFFFFF, source.data(), fast.data(), plainTarget.data(),
+                           count);
+        ASSERT_EQ(fastTarget, plainTarget) << "copy, round " << round;
+    }
+}
+
 /// One pixel by hand: source, target, what comes out.
 struct PixelCase
 {
