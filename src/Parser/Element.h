@@ -3,6 +3,7 @@
 #include "Util/Text.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,8 @@ namespace varn {
 class Element;
 
 /// Owns the nodes of trees, and the texts they view, in a few large blocks that are freed together.
-/// A node lives exactly as long as its arena: nothing is freed one by one, and what is unlinked from a
-/// tree only stops being reachable. Nodes of different arenas never link to each other.
+/// A node lives exactly as long as its arena: nothing is freed one by one, and what is unlinked
+/// from a tree only stops being reachable. Nodes of different arenas never link to each other.
 class NodeArena
 {
   public:
@@ -35,7 +36,8 @@ class NodeArena
   private:
     friend class Element;
     friend class XMLParser;
-    struct Blocks;
+    friend class XmlScanner;
+    struct Blocks; // NodeBlocks.h
     std::unique_ptr<Blocks> blocks;
 };
 
@@ -46,7 +48,8 @@ struct Attribute
     WStringView value;
 };
 
-/// The links of the tree: a singly linked chain of children with a pointer to its last.
+/// The links of the tree: a singly linked chain of children with a pointer to its last. Walking,
+/// searching, copying and writing follow these links and take no stack, however deep the tree.
 class Node
 {
   public:
@@ -62,28 +65,34 @@ class Node
 };
 
 /// A node of a document: an element with attributes and children, a text node (no tag name), or a
-/// CDATA section (no tag name, `isCData`). Texts given to it are copied into its arena; views it gives
-/// live as long as the arena.
+/// CDATA section (no tag name, `isCData`). Texts given to it are copied into its arena; views it
+/// gives live as long as the arena. Only elements have children and attributes.
 class Element : public Node
 {
   public:
-    WStringView getTagName() const;
+    Element(const Element&) = delete;
+    Element& operator=(const Element&) = delete;
+
+    WStringView getTagName() const { return kind == kElement ? getContent() : WStringView(); }
+    /// Naming a text node makes it an element with that text as its child; an empty name makes an
+    /// element a text node.
     void setTagName(WStringView name);
-    /// Text of a text node or CDATA section; of an element its own, normally empty.
-    WStringView getText() const;
-    bool isCData() const;
-    bool isTextNode() const;
+    /// Text of a text node or CDATA section; an element's own is empty, its texts are children.
+    WStringView getText() const { return kind == kElement ? WStringView() : getContent(); }
+    bool isCData() const { return kind == kCData; }
+    bool isTextNode() const { return kind == kText; }
     /// The tag was written as empty; writing keeps that as long as there are no children.
-    bool isSelfClosing() const;
-    void setSelfClosing(bool value);
+    bool isSelfClosing() const { return selfClosing; }
+    void setSelfClosing(bool value) { selfClosing = value; }
     /// On after construction. Off: an attribute look-up that fails tries again ignoring case.
-    void setCaseSensitive(bool value);
+    void setCaseSensitive(bool value) { caseSensitive = value; }
 
     // Attributes, in the order of first insertion; setting one again keeps its place.
     bool hasAttribute(WStringView name) const { return findAttribute(name) != nullptr; }
     const Attribute* findAttribute(WStringView name) const;
     std::size_t attributeCount() const;
     const Attribute& attributeAt(std::size_t index) const;
+    std::span<const Attribute> getAttributes() const;
     WStringView getString(WStringView name, WStringView fallback = {}) const;
     std::string getNarrowString(WStringView name, std::string_view fallback = {}) const;
     /// Decimal; present but not numeric gives 0.
@@ -97,7 +106,8 @@ class Element : public Node
     std::vector<Element*> getChildren() const;
     /// Descendants with that name, depth first, this element itself left out.
     void findAll(WStringView tagName, std::vector<Element*>& out) const;
-    /// This element or the first descendant with that name, depth first; an empty name finds nothing.
+    /// This element or the first descendant with that name, depth first; an empty name finds
+    /// nothing.
     Element* findElement(WStringView tagName);
     const Element* findElement(WStringView tagName) const;
     /// The first direct child with that name.
@@ -112,10 +122,12 @@ class Element : public Node
     void addCData(WStringView text);
     /// A CDATA section's or text node's own text; on an element its first text child, or a new one.
     void setText(WStringView text);
+    /// The same for CDATA sections; a text node becomes one.
     void setCData(WStringView text);
     /// The texts of this node and its descendants, one behind the other.
     WString collectText() const;
-    /// Becomes a deep copy of `other`: text, name, attributes, flags, children; unlinked from its parent.
+    /// Becomes a deep copy of `other`: text, name, attributes, flags, children; unlinked from its
+    /// parent.
     void assign(const Element& other);
 
     // Writing.
@@ -127,9 +139,43 @@ class Element : public Node
     void write(WString& out, std::size_t depth) const;
 
     NodeArena& getArena() const;
+
+  private:
+    friend class NodeArena;
+    friend class XmlScanner;
+    struct AttributeList; // NodeBlocks.h
+    enum Kind : std::uint64_t
+    {
+        kElement,
+        kText,
+        kCData
+    };
+
+    Element(NodeArena::Blocks& home, Kind kind, WStringView content);
+    WStringView getContent() const { return {content, length}; }
+    void setContent(WStringView kept);
+    Attribute* findExact(WStringView name) const;
+    void growAttributes();
+    void link(Element* node);
+    void unlink();
+    void copyFrom(const Element& other);
+    Element* findTextChild(Kind wanted) const;
+
+    // Packed so that a node fills one cache line.
+    const char16_t* content; // tag name of an element, else the text
+    std::uint64_t length : 56;
+    Kind kind : 2;
+    bool selfClosing : 1 = false;
+    bool caseSensitive : 1 = true;
+    AttributeList* attributes = nullptr;
+    NodeArena::Blocks* home;
 };
 
-enum class EscapeIn { Text, Attribute };
+enum class EscapeIn
+{
+    Text,
+    Attribute
+};
 /// What a text becomes in a document: `& < > "` and, in text, `'` as entities; in an attribute
 /// CR is dropped, LF written `\n`, an LF at the very end dropped.
 void appendEscaped(WString& out, WStringView text, EscapeIn where);

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Util/Text.h"
+
+#include <bit>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace varn {
+
+/// Searches over UTF-16 units, eight at a time where the processor has SSE2. Each gives the place
+/// of the first hit, or `end`; nothing behind `end` is read.
+
+/// What a search looks for: a test of one unit, and the same of eight at once (all ones: a hit).
+struct EitherUnit
+{
+    char16_t a, b;
+
+    bool operator()(const char16_t* at) const { return *at == a || *at == b; }
+#ifdef __SSE2__
+    __m128i operator()(__m128i units) const
+    {
+        return _mm_or_si128(_mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(a))),
+                            _mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(b))));
+    }
+#endif
+};
+
+template <class Match>
+inline const char16_t* search(const char16_t* at, const char16_t* end, Match match)
+{
+#ifdef __SSE2__
+    for (; end - at >= 8; at += 8) {
+        const __m128i hits = match(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)));
+        if (const auto mask = static_cast<unsigned>(_mm_movemask_epi8(hits)); mask != 0)
+            return at + std::countr_zero(mask) / 2;
+    }
+#endif
+    while (at != end && !match(at))
+        ++at;
+    return at;
+}
+
+inline const char16_t* findEither(const char16_t* at, const char16_t* end, char16_t a, char16_t b)
+{
+    return search(at, end, EitherUnit{a, b});
+}
+
+inline const char16_t* findUnit(const char16_t* at, const char16_t* end, char16_t unit)
+{
+    return search(at, end, EitherUnit{unit, unit});
+}
+
+/// The first place where `twice`, `twice`, `last` stand: "]]>", "-->".
+inline const char16_t* findTriple(const char16_t* at, const char16_t* end, char16_t twice,
+                                  char16_t last)
+{
+    if (end - at < 3)
+        return end;
+    const char16_t* hit = findUnit(at + 2, end, last);
+    while (hit != end && (hit[-1] != twice || hit[-2] != twice))
+        hit = findUnit(hit + 1, end, last);
+    return hit == end ? end : hit - 2;
+}
+
+} // namespace varn
