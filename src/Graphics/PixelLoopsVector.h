@@ -73,12 +73,14 @@ std::size_t blendVectors(const RowStyle& style, const std::uint8_t* source, std:
         const auto s = V::load(source + i * 4);
         const auto d = V::load(target + i * 4);
         auto keep = k.alphaMask; // bits of the target that stay
+        bool opaque = true;
         if constexpr (kAlpha) {
             const auto alphas = V::bitAnd(s, k.alphaMask);
             if (V::isZero(alphas))
                 continue;
+            opaque = V::equal(alphas, k.alphaMask);
             if constexpr (!kTone && !kFade) {
-                if (V::equal(alphas, k.alphaMask)) {
+                if (opaque) {
                     V::store(target + i * 4, V::select(keep, d, s));
                     continue;
                 }
@@ -95,7 +97,7 @@ std::size_t blendVectors(const RowStyle& style, const std::uint8_t* source, std:
         const Channels<V> alpha{V::spreadAlpha(c.lo), V::spreadAlpha(c.hi)};
         if constexpr (kTone)
             c = {approach<V>(c.lo, k.tone, k.toneKept), approach<V>(c.hi, k.tone, k.toneKept)};
-        if constexpr (kAlpha)
+        if (kAlpha && !opaque)
             c = {approach<V>(c.lo, under.lo, alpha.lo), approach<V>(c.hi, under.hi, alpha.hi)};
         if constexpr (kFade)
             c = {fade<V>(c.lo, under.lo, k.opacity), fade<V>(c.hi, under.hi, k.opacity)};

@@ -96,6 +96,14 @@ class QuadRow
     }
 
   private:
+    static bool isOneRun(std::span<const std::int32_t> places)
+    {
+        std::int32_t signs = 0;
+        for (const std::int32_t place : places)
+            signs |= place;
+        return signs >= 0;
+    }
+
     /// A run of a picture without alpha, many pixels at a time.
     void drawRun(std::span<const std::int32_t> places, int row, int column, std::uint8_t* out)
     {

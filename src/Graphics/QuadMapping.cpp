@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace varn {
 
@@ -13,6 +14,9 @@ QuadPoint minus(const QuadPoint& p, const QuadPoint& q)
 {
     return {p.x - q.x, p.y - q.y};
 }
+
+/// Stands for a linear part of 0, whose root is 0.
+constexpr float kNoLinear = std::numeric_limits<float>::infinity();
 
 /// The linear case's root, in single precision.
 float linearRoot(double b, double c)
@@ -47,7 +51,8 @@ void QuadMapping::prepareColumns(int boxWidth)
         const double dx = static_cast<int>(i) - origin.x;
         const double x = (width - 1) * (dx / b.x);
         sourceColumns[i] = x >= 0 && x < width ? static_cast<std::int32_t>(x) : -1;
-        linearParts[i] = b.x * c.y + dx * a.y;
+        const double linear = b.x * c.y + dx * a.y;
+        linearParts[i] = linear == 0 ? kNoLinear : static_cast<float>(linear);
         constantParts[i] = dx * b.y;
     }
 }

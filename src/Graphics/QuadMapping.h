@@ -47,7 +47,8 @@ class QuadMapping
     // Of a wall, by column of the box: the picture's column (-1 outside), and the two parts of the
     // root that do not depend on the row.
     std::vector<std::int32_t> sourceColumns;
-    std::vector<double> linearParts, constantParts;
+    std::vector<float> linearParts;
+    std::vector<double> constantParts;
 };
 
 } // namespace varn

@@ -5,10 +5,7 @@ namespace varn::quadrows {
 void wallRowPlain(const WallRow& row, std::span<std::int32_t> out)
 {
     for (std::size_t i = 0; i < out.size(); ++i) {
-        const double constant = row.constant[i] - row.rowConstant;
-        const float v = row.linear[i] == 0
-                            ? 0.0F
-                            : static_cast<float>(-constant) / static_cast<float>(row.linear[i]);
+        const float v = static_cast<float>(-(row.constant[i] - row.rowConstant)) / row.linear[i];
         const double y = (row.height - 1) * static_cast<double>(v);
         const bool inside = row.columns[i] >= 0 && y >= 0 && y < row.height;
         out[i] = inside ? static_cast<std::int32_t>(y) * row.width + row.columns[i] : -1;

@@ -6,10 +6,10 @@
 namespace varn::quadrows {
 
 /// A row of an upright wall: v of each column is -(constant - rowConstant) / linear, in single
-/// precision (0 where linear is 0); the column's place in the picture is known.
+/// precision; the column's place in the picture is known.
 struct WallRow
 {
-    const double* linear;
+    const float* linear; ///< not 0; infinite where the root is 0
     const double* constant;
     const std::int32_t* columns; ///< -1 outside
     double rowConstant;

@@ -30,26 +30,39 @@ __m128 negatedSingle(const double* constant, __m256d rowConstant)
     return _mm256_cvtpd_ps(_mm256_xor_pd(difference, _mm256_set1_pd(-0.0)));
 }
 
+/// trunc(last * v) of eight values in double precision.
+__m256i scaledIndices(__m256 v, __m256d last)
+{
+    const __m256d low = _mm256_mul_pd(last, _mm256_cvtps_pd(_mm256_castps256_ps128(v)));
+    const __m256d high = _mm256_mul_pd(last, _mm256_cvtps_pd(_mm256_extractf128_ps(v, 1)));
+    return _mm256_set_m128i(_mm256_cvttpd_epi32(high), _mm256_cvttpd_epi32(low));
+}
+
 } // namespace
 
 void wallRowAvx2(const WallRow& row, std::span<std::int32_t> out)
 {
     const __m256d rowConstant = _mm256_set1_pd(row.rowConstant);
-    const __m256d last = _mm256_set1_pd(row.height - 1), size = _mm256_set1_pd(row.height);
-    const __m128i stride = _mm_set1_epi32(row.width);
+    const __m256d last = _mm256_set1_pd(row.height - 1);
+    const __m256i stride = _mm256_set1_epi32(row.width), height = _mm256_set1_epi32(row.height);
     std::size_t i = 0;
-    for (; i + 4 <= out.size(); i += 4) {
-        const __m256d linear = _mm256_loadu_pd(row.linear + i);
-        const __m128 quotient =
-            _mm_div_ps(negatedSingle(row.constant + i, rowConstant), _mm256_cvtpd_ps(linear));
-        __m256d v = _mm256_cvtps_pd(quotient);
-        v = _mm256_andnot_pd(_mm256_cmp_pd(linear, _mm256_setzero_pd(), _CMP_EQ_OQ), v);
-        const __m128i y = indicesOf(_mm256_mul_pd(last, v), size);
-        const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row.columns + i));
-        const __m128i index = _mm_add_epi32(_mm_mullo_epi32(y, stride), x);
-        // A negative on either axis is outside.
-        const __m128i outside = _mm_srai_epi32(_mm_or_si128(x, y), 31);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.data() + i), _mm_or_si128(index, outside));
+    for (; i + 8 <= out.size(); i += 8) {
+        const __m256 constant = _mm256_set_m128(negatedSingle(row.constant + i + 4, rowConstant),
+                                                negatedSingle(row.constant + i, rowConstant));
+        const __m256 v = _mm256_div_ps(constant, _mm256_loadu_ps(row.linear + i));
+        const __m256i y = scaledIndices(v, last);
+        const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(row.columns + i));
+        const __m256i index = _mm256_add_epi32(_mm256_mullo_epi32(y, stride), x);
+        // A place is not negative where v is not; what is too large truncates to `height` or more,
+        // or to the most negative number.
+        const __m256 notNegative = _mm256_cmp_ps(v, _mm256_setzero_ps(), _CMP_GE_OQ);
+        const __m256i below =
+            _mm256_andnot_si256(_mm256_srai_epi32(y, 31), _mm256_cmpgt_epi32(height, y));
+        const __m256i inside = _mm256_andnot_si256(
+            _mm256_srai_epi32(x, 31), _mm256_and_si256(below, _mm256_castps_si256(notNegative)));
+        const __m256i outside = _mm256_xor_si256(inside, _mm256_set1_epi32(-1));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.data() + i),
+                            _mm256_or_si256(index, outside));
     }
     const WallRow rest{.linear = row.linear + i,
                        .constant = row.constant + i,

@@ -29,6 +29,8 @@ class DungeonView
     void setBackBufferSize(int width, int height);
     /// Pictures changed on disk or in the map: reads them anew at the next drawing.
     void reloadImages();
+    /// Empties what is kept of warped pieces; the next drawing makes them anew.
+    void forgetPieces() { kept = {}; }
 
     /// Paints the view from a cell at (x, y) of the target. The buffer takes the given size.
     /// @param mirror  mirrors the whole picture left to right, the background only where its entry
