@@ -201,13 +201,14 @@ constexpr FieldTable recordTable(WStringView className, std::span<const Field> f
 
 // The attributes of every row with a number of its own; `kBaseName` where no record holds the name.
 inline constexpr Field kBaseId = field<&BaseDatabaseModel::id>(u"id", u"ID").orElse(-1);
-inline constexpr Field kBaseMarker =
-    field<&BaseDatabaseModel::marker>(u"marker", u"Marker")
-        .orElse(-1)
-        .when([](const GameRow& row) {
-            return static_cast<const BaseDatabaseModel&>(row).marker != -1;
-        })
-        .to(u"Markers");
+inline constexpr WrittenRule kHasMarker = {
+    u"not -1",
+    [](const GameRow& row) { return static_cast<const BaseDatabaseModel&>(row).marker != -1; },
+};
+inline constexpr Field kBaseMarker = field<&BaseDatabaseModel::marker>(u"marker", u"Marker")
+                                         .orElse(-1)
+                                         .when(kHasMarker)
+                                         .to(u"Markers");
 inline constexpr Field kBaseName = field<&BaseDatabaseModel::name>(u"name", u"Name");
 inline constexpr Field kBaseName2 =
     field<&BaseDatabaseModel::name2>(u"name2", u"Name (Second Language)");

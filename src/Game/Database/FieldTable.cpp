@@ -256,17 +256,7 @@ void setText(GameRow& row, const Field& field, WStringView text, std::size_t ind
 
 bool isWritten(const GameRow& row, const Field& field)
 {
-    switch (field.written) {
-    case Written::NotNegative:
-        return getNumber(row, field) >= 0;
-    case Written::NotEmpty:
-        return !getText(row, field).empty();
-    case Written::When:
-        return field.writtenIf(row);
-    case Written::Always:
-        break;
-    }
-    return true;
+    return !field.written || field.written->holds(row);
 }
 
 std::optional<std::size_t> recordOffset(const FieldTable& table, const Field& field)

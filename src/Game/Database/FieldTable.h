@@ -44,12 +44,11 @@ enum class NumberForm : std::uint8_t
     OneOnly,   ///< 1 for 1, else 0
 };
 
-enum class Written : std::uint8_t
+/// When a field is written at all.
+struct WrittenRule
 {
-    Always,
-    NotNegative,
-    NotEmpty,
-    When
+    WStringView words; ///< behind "written where", for the format page
+    bool (*holds)(const GameRow&);
 };
 
 /// What the numbers of a field say about another table.
@@ -113,13 +112,12 @@ struct Field
     Kind kind = Kind::Custom;
     NumberType number = NumberType::None;
     NumberForm form = NumberForm::Plain;
-    Written written = Written::Always;
     std::uint16_t count =
         1; ///< entries of an array or of CDATA texts, bytes of a fixed text's room
-    std::uint16_t limit = 0;            ///< bytes a fixed text can take, its terminator included
-    std::int32_t fallback = 0;          ///< what a missing attribute reads as
-    void* (*place)(GameRow&) = nullptr; ///< the stored value; null for children
-    bool (*writtenIf)(const GameRow&) = nullptr; ///< with Written::When
+    std::uint16_t limit = 0;              ///< bytes a fixed text can take, its terminator included
+    std::int32_t fallback = 0;            ///< what a missing attribute reads as
+    void* (*place)(GameRow&) = nullptr;   ///< the stored value; null for children
+    const WrittenRule* written = nullptr; ///< null: always
     OlderKey older = {};
     WStringView refersTo = {}; ///< tag of a table, "States"; empty: the number refers to nothing
     Refers refers = Refers::Row;
@@ -147,16 +145,10 @@ struct Field
         field.form = next;
         return field;
     }
-    constexpr Field when(Written rule) const
+    constexpr Field when(const WrittenRule& rule) const
     {
         Field field = *this;
-        field.written = rule;
-        return field;
-    }
-    constexpr Field when(bool (*rule)(const GameRow&)) const
-    {
-        Field field = when(Written::When);
-        field.writtenIf = rule;
+        field.written = &rule;
         return field;
     }
     /// Older spelling `key`, read instead where the attribute `test` (by default itself) exists.

@@ -81,7 +81,7 @@ bool GameTable::load(WStringView name, std::size_t minRows)
     if (fileName == name || isFile(dataFile(fileName))) {
         result = readXml(minRows);
     } else {
-        readDat(name);
+        loadDat(name);
         pad(minRows);
     }
     loaded();
@@ -140,22 +140,20 @@ void GameTable::pad(std::size_t minRows)
         appendBlank();
 }
 
-void GameTable::readDat(WStringView datName)
+void GameTable::loadDat(WStringView datName)
 {
     assert(datas.empty());
     const std::optional<std::string> bytes = readFile(resolveProjectPath(dataFile(datName)));
     if (!bytes)
         return;
     try {
-        readDatRows(asBytes(*bytes));
+        readDat(asBytes(*bytes));
     } catch (const Exception& fault) {
         host().showMessage(fault.getMessage());
     }
 }
 
-/// The size of a record, then records to the end; the last may be short. Nothing behind the size is
-/// no row, and no fault.
-void GameTable::readDatRows(ByteSpan bytes)
+void GameTable::readDat(ByteSpan bytes)
 {
     ByteReader reader(bytes, u".dat file");
     if (reader.remaining() < 2)

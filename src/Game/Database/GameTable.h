@@ -88,6 +88,10 @@ class GameTable : public TableFile
     bool load(WStringView fileName, std::size_t minRows) override;
     bool load(const Element* root, std::size_t minRows) override;
     bool save() override;
+    /// Appends the rows of a file of the old binary form: the size of a record in two bytes, then
+    /// records to the end, the last of which may be short. Throws Exception for records of another
+    /// size and for a table without that form; the rows before it stay.
+    void readDat(ByteSpan bytes);
 
     std::size_t size() const override { return datas.size(); }
     bool empty() const { return datas.empty(); }
@@ -137,8 +141,7 @@ class GameTable : public TableFile
 
   private:
     bool readXml(std::size_t minRows);
-    void readDat(WStringView datName);
-    void readDatRows(ByteSpan bytes);
+    void loadDat(WStringView datName);
     WString rootName() const;
 
     const TableInfo& info;

@@ -15,22 +15,33 @@ constexpr WStringView kTypes[] = {
 };
 
 template <Condition::Id Wanted>
-bool isCondition(const GameRow& row)
+bool hasId(const GameRow& row)
 {
     return static_cast<const Condition&>(row).getId() == Wanted;
 }
 
-bool isFightWithMusic(const GameRow& row)
+constexpr WrittenRule kIsFlag = {u"`id` is 10", hasId<Condition::Flag>};
+constexpr WrittenRule kIsGold = {u"`id` is 20", hasId<Condition::Gold>};
+constexpr WrittenRule kIsGift = {u"`id` is 30", hasId<Condition::GiveItem>};
+
+const Message& messageOf(const GameRow& row)
 {
-    const Message& message = static_cast<const Message&>(row);
-    return message.getType() == Message::OnFight && !message.getBgm().empty();
+    return static_cast<const Message&>(row);
 }
 
-bool isFightWithEnemy(const GameRow& row)
+bool isFight(const GameRow& row)
 {
-    const Message& message = static_cast<const Message&>(row);
-    return message.getType() == Message::OnFight && message.getEnemyId() >= 0;
+    return messageOf(row).getType() == Message::OnFight;
 }
+
+constexpr WrittenRule kIsFightWithMusic = {
+    u"`type` is 4 and it is not empty",
+    [](const GameRow& row) { return isFight(row) && !messageOf(row).getBgm().empty(); },
+};
+constexpr WrittenRule kIsFightWithEnemy = {
+    u"`type` is 4 and it is 0 or more",
+    [](const GameRow& row) { return isFight(row) && messageOf(row).getEnemyId() >= 0; },
+};
 
 Condition& conditionFor(GameRow& row, const Element& child)
 {
@@ -76,18 +87,12 @@ const FieldTable& NPC::Message::Condition::fieldTable()
     using Row = Condition;
     static constexpr Field kFields[] = {
         field<&Row::id>(u"id", u"ID"),
-        field<&Row::flagId>(u"flagId", u"Flag").to(u"FlagList").when(isCondition<Flag>),
-        field<&Row::flagValue>(u"flagValue", u"Value").when(isCondition<Flag>),
-        field<&Row::flagEnabled>(u"flagEnabled", u"Flag Condition").when(isCondition<Flag>),
-        field<&Row::gold>(u"gold", u"Gold").when(isCondition<Gold>),
-        field<&Row::giveItemId>(u"giveItemId", u"Give: ")
-            .orElse(-1)
-            .to(u"Items")
-            .when(isCondition<GiveItem>),
-        field<&Row::takeItemId>(u"takeItemId", u" Take: ")
-            .orElse(-1)
-            .to(u"Items")
-            .when(isCondition<GiveItem>),
+        field<&Row::flagId>(u"flagId", u"Flag").to(u"FlagList").when(kIsFlag),
+        field<&Row::flagValue>(u"flagValue", u"Value").when(kIsFlag),
+        field<&Row::flagEnabled>(u"flagEnabled", u"Flag Condition").when(kIsFlag),
+        field<&Row::gold>(u"gold", u"Gold").when(kIsGold),
+        field<&Row::giveItemId>(u"giveItemId", u"Give: ").orElse(-1).to(u"Items").when(kIsGift),
+        field<&Row::takeItemId>(u"takeItemId", u" Take: ").orElse(-1).to(u"Items").when(kIsGift),
     };
     static constexpr FieldTable kTable =
         rowTable<Row>(u"NPC::Message::Condition", u"Condition", kFields).withChildren();
@@ -104,11 +109,11 @@ const FieldTable& NPC::Message::fieldTable()
         field<&Row::name2>(u"name2", u"Name (Second Language)"),
         field<&Row::type>(u"type", u"When").among(kTypes),
         field<&Row::memorizable>(u"memorizable", u"Memorizable"),
-        field<&Row::bgm>(u"bgm", u"Battle BGM").when(isFightWithMusic),
+        field<&Row::bgm>(u"bgm", u"Battle BGM").when(kIsFightWithMusic),
         field<&Row::enemyId>(u"enemyId", u"Fought Enemy")
             .orElse(-1)
             .to(u"Enemies")
-            .when(isFightWithEnemy),
+            .when(kIsFightWithEnemy),
         Field{.key = u"conditions",
               .label = u"Conditions",
               .kind = Kind::ChildRows,

@@ -12,10 +12,12 @@ constexpr WStringView kRanges[] = {
 };
 constexpr WStringView kPlaces[] = {u"Battle", u"Field", u"Battle and Field"};
 
-bool isLightSource(const GameRow& row)
-{
-    return static_cast<const SkillModel&>(row).getSpecialType() == SkillModel::kLightSource;
-}
+constexpr WrittenRule kIsLightSource = {
+    u"`specialType` is 6",
+    [](const GameRow& row) {
+        return static_cast<const SkillModel&>(row).getSpecialType() == SkillModel::kLightSource;
+    },
+};
 
 } // namespace
 
@@ -46,13 +48,13 @@ const FieldTable& SkillModel::fieldTable()
         field<&Row::record, &Record::flagId>(u"flagId", u"Flag").to(u"FlagList"),
         field<&Row::record, &Record::halfDoorDetectionProbability>(u"halfDoorDetectionProbability",
                                                                    u"1/2 Door Detection")
-            .when(isLightSource),
+            .when(kIsLightSource),
         field<&Row::record, &Record::secretDoorDetectionProbability>(
             u"secretDoorDetectionProbability", u"Secret Door Detection")
-            .when(isLightSource),
+            .when(kIsLightSource),
         field<&Row::record, &Record::lightSourceDecreaseInDarkness>(
             u"lightSourceDecreaseInDarkness", u"Light Lost in Darkness")
-            .when(isLightSource),
+            .when(kIsLightSource),
         field<&Row::resistanceFormula>(u"resistanceFormula", u"Resistance Formula").to(u"Formulas"),
         field<&Row::description2>(u"description2", u"Description (Second Language)"),
     };

@@ -40,6 +40,11 @@ void writeMessages(const GameRow& row, Element& element)
     }
 }
 
+constexpr WrittenRule kHasIcon = {
+    u"0 or more",
+    [](const GameRow& row) { return static_cast<const StateModel&>(row).getIcon() >= 0; },
+};
+
 constexpr Codec kMessages = {
     readMessages, writeMessages,
     u"four children `message`, each with two children `language` that hold the first and the "
@@ -75,7 +80,7 @@ const FieldTable& StateModel::fieldTable()
         field<&Row::record, &Record::deathState>(u"deathState", u"Death State"),
         field<&Row::record, &Record::nextStateID>(u"nextStateID", u"Next State").to(u"States"),
         field<&Row::record, &Record::baseFee>(u"baseFee", u"Base Fee"),
-        field<&Row::icon>(u"icon", u"Icon").orElse(-1).when(Written::NotNegative),
+        field<&Row::icon>(u"icon", u"Icon").orElse(-1).when(kHasIcon),
         field<&Row::name2>(u"name2", u"Name (Second Language)"),
         coded(kMessages, u"message", u"Messages"),
     };
