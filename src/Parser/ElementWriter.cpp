@@ -19,33 +19,19 @@ constexpr std::size_t kLongestEscape = 6;
 /// The special units of a text or an attribute value and what each is written as.
 struct EscapeSet
 {
-    char16_t special[6];
+    AnyUnitOf<6> special;
     WStringView written[6];
 
-    bool operator()(const char16_t* at) const
-    {
-        return std::find(std::begin(special), std::end(special), *at) != std::end(special);
-    }
-#ifdef __SSE2__
-    __m128i operator()(__m128i units) const
-    {
-        __m128i hits = _mm_setzero_si128();
-        for (const char16_t unit : special)
-            hits = _mm_or_si128(hits,
-                                _mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(unit))));
-        return hits;
-    }
-#endif
     WStringView writtenFor(char16_t unit) const
     {
-        return written[std::find(std::begin(special), std::end(special), unit) -
-                       std::begin(special)];
+        return written[std::find(std::begin(special.units), std::end(special.units), unit) -
+                       std::begin(special.units)];
     }
 };
 
-constexpr EscapeSet kTextEscapes = {{u'&', u'<', u'>', u'"', u'\'', u'\''},
+constexpr EscapeSet kTextEscapes = {{{u'&', u'<', u'>', u'"', u'\'', u'\''}},
                                     {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"&apos;", u"&apos;"}};
-constexpr EscapeSet kAttributeEscapes = {{u'&', u'<', u'>', u'"', u'\n', u'\r'},
+constexpr EscapeSet kAttributeEscapes = {{{u'&', u'<', u'>', u'"', u'\n', u'\r'}},
                                          {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"\\n", u""}};
 
 /// Appends to a string of units or bytes. Between calls the string is longer than what was written,
@@ -117,7 +103,7 @@ class UnitSink
         while (end - from >= 8) {
             const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
             _mm_storeu_si128(reinterpret_cast<__m128i*>(at), units);
-            const auto mask = static_cast<unsigned>(_mm_movemask_epi8(escapes(units)));
+            const auto mask = static_cast<unsigned>(_mm_movemask_epi8(escapes.special(units)));
             if (mask == 0) {
                 from += 8;
                 at += 16;
@@ -130,7 +116,7 @@ class UnitSink
         }
 #endif
         for (; from != end; ++from) {
-            if (escapes(from))
+            if (escapes.special(*from))
                 putUnchecked(escapes.writtenFor(*from));
             else
                 putUnchecked({from, 1});

@@ -4,7 +4,11 @@
 
 namespace varn {
 
-enum class LineBreaks { Drop, Keep };
+enum class LineBreaks
+{
+    Drop,
+    Keep
+};
 
 /// Decodes text as the tables, string tables and menus store it: entities (twice for `&amp;lt;`),
 /// backslash escapes, and raw line breaks kept as "\r\n" or dropped.

@@ -12,17 +12,27 @@ namespace varn {
 /// Searches over UTF-16 units, eight at a time where the processor has SSE2. Each gives the place
 /// of the first hit, or `end`; nothing behind `end` is read.
 
-/// What a search looks for: a test of one unit, and the same of eight at once (all ones: a hit).
-struct EitherUnit
+/// What a search looks for: any of a few units. Tests one, or eight at once (all ones: a hit).
+template <std::size_t N>
+struct AnyUnitOf
 {
-    char16_t a, b;
+    char16_t units[N];
 
-    bool operator()(const char16_t* at) const { return *at == a || *at == b; }
-#ifdef __SSE2__
-    __m128i operator()(__m128i units) const
+    bool operator()(char16_t unit) const
     {
-        return _mm_or_si128(_mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(a))),
-                            _mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(b))));
+        bool hit = false;
+        for (const char16_t wanted : units)
+            hit |= unit == wanted;
+        return hit;
+    }
+#ifdef __SSE2__
+    __m128i operator()(__m128i eight) const
+    {
+        __m128i hits = _mm_setzero_si128();
+        for (const char16_t wanted : units)
+            hits = _mm_or_si128(hits,
+                                _mm_cmpeq_epi16(eight, _mm_set1_epi16(static_cast<short>(wanted))));
+        return hits;
     }
 #endif
 };
@@ -37,19 +47,19 @@ inline const char16_t* search(const char16_t* at, const char16_t* end, Match mat
             return at + std::countr_zero(mask) / 2;
     }
 #endif
-    while (at != end && !match(at))
+    while (at != end && !match(*at))
         ++at;
     return at;
 }
 
 inline const char16_t* findEither(const char16_t* at, const char16_t* end, char16_t a, char16_t b)
 {
-    return search(at, end, EitherUnit{a, b});
+    return search(at, end, AnyUnitOf<2>{a, b});
 }
 
 inline const char16_t* findUnit(const char16_t* at, const char16_t* end, char16_t unit)
 {
-    return search(at, end, EitherUnit{unit, unit});
+    return search(at, end, AnyUnitOf<1>{unit});
 }
 
 /// The first place where `twice`, `twice`, `last` stand: "]]>", "-->".

@@ -10,22 +10,37 @@
 namespace varn {
 
 /// Encodings by the document scale: what a declaration can name.
-enum class XmlEncoding : int { None = 0, Ansi = 1, Utf8 = 2, Utf16 = 3, EucJp = 4, ShiftJis = 5 };
+enum class XmlEncoding : int
+{
+    None = 0,
+    Ansi = 1,
+    Utf8 = 2,
+    Utf16 = 3,
+    EucJp = 4,
+    ShiftJis = 5
+};
 XmlEncoding toXmlEncoding(Encoding encoding);
 Encoding toFileEncoding(XmlEncoding encoding, bool withMark);
 
 /// Why and where a document was refused. Not an Exception: the parser repairs or reports it itself.
 struct ParserException
 {
-    enum Kind { Semantic = 0, Syntax = 2, EncodingMismatch = 4 };
-    WString message; ///< of `parseDocument`: the whole report
+    enum Kind
+    {
+        Semantic = 0,
+        NoRoot = 1,
+        Syntax = 2,
+        EncodingMismatch = 4
+    };
+    WString message; ///< of `tryParse`: the whole report, or, with NoRoot, one sentence
     Kind kind = Syntax;
 };
 
 /// A document and its tree: reads, repairs, reports and writes.
 ///
-/// The document's text is kept once; names, values and texts are views into it unless an entity had to
-/// be decoded. A parse that fails leaves the tree of the parse before.
+/// The document's text is kept once; names, values and texts are views into it unless an entity had
+/// to be decoded. A parse that fails leaves the tree of the parse before. docs/xml.md tells the
+/// dialect.
 class XMLParser
 {
   public:
@@ -34,12 +49,13 @@ class XMLParser
     XMLParser(XMLParser&&) noexcept;
     XMLParser& operator=(XMLParser&&) noexcept;
 
-    /// Reads a project file: detection, parse, and where that fails a second parse in the encoding that
-    /// the document declares. False: missing or empty (silent), or refused (the report was shown).
+    /// Reads a project file: detection, parse, and where that fails a second parse in the encoding
+    /// that the document declares. False: missing or empty (silent), or refused (the report was
+    /// shown).
     bool load(WStringView path);
     /// The same for a file already in memory; `name` stands in the report.
     bool loadBytes(ByteSpan bytes, WStringView name);
-    /// A text in memory. False: refused, and the report was shown.
+    /// A text in memory. False: refused (the report was shown), or without a root (silent).
     bool parse(WString text);
     /// As `parse`, but silent: the report comes back, and nothing when the tree stands.
     std::optional<ParserException> tryParse(WString text);
