@@ -3,6 +3,7 @@
 #include "Util/Text.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -63,7 +64,8 @@ struct Option
     std::string_view choices = {};
     std::int64_t least = kLeastInteger;
     std::int64_t most = kMostInteger;
-    bool repeated = false; ///< may be given more than once
+    bool repeated = false; ///< every one counts; of others the last
+    char letter = 0;       ///< "-h" for "--help"; 0: none
 };
 
 /// How far the session must have come before a command runs. What costs nothing asks for nothing:
@@ -100,6 +102,10 @@ struct Command
 /// A new group is a file that defines the function, and a line here.
 #define VARN_COMMAND_GROUPS(X)                                                                     \
     X(sessionCommands, "Project and session")                                                      \
+    X(mapCommands, "Maps")                                                                         \
+    X(tableCommands, "Tables and texts")                                                           \
+    X(fileCommands, "Documents and text files")                                                    \
+    X(archiveCommands, "Game archives")                                                            \
     X(batchCommands, "Many commands at once")                                                      \
     X(helpCommands, "About the driver")
 
@@ -126,6 +132,7 @@ class Arguments
     {
         std::string_view name; ///< of the table's row
         std::string value;     ///< UTF-8; empty for an option without value
+        int choice = -1;       ///< place among the row's choices, from 0
     };
 
     bool has(std::string_view name) const { return find(name) != nullptr; }
@@ -147,7 +154,9 @@ class Arguments
     const Given* find(std::string_view name) const;
 
     std::vector<Given> given;
-    std::vector<int> choices; // beside `given`; -1: no choice
 };
+
+/// A whole number as people write it, decimal or 0x...; nothing for anything else.
+std::optional<std::int64_t> parseInteger(std::string_view text);
 
 } // namespace varn::driver

@@ -1,66 +1,53 @@
 #pragma once
 
-#include "Command.h"
+#include "Call.h"
+#include "DriverHost.h"
+#include "MapEditor3D/Commands.h"
 #include "MapEditor3D/ProjectSession.h"
-#include "Output.h"
 
 #include <memory>
-#include <optional>
 
 namespace varn::driver {
 
-/// The global options of a call. A line of a batch starts from those of the batch's own call.
-struct GlobalOptions
-{
-    std::string settingsFile; ///< UTF-8; empty: the program's own
-    bool yes = false;
-    bool json = false;
-    std::optional<std::uint32_t> seed;
-};
-
-/// What a command runs in: the output, and one session for all commands of a process.
+/// What the commands of a process run in: the output, and one session for all of them.
 class Context
 {
   public:
-    explicit Context(Output& output) : output(output) {}
+    Context(Output& output, DriverHost& host) : output(output), driverHost(host) {}
 
     Output& out() { return output; }
-    bool json() const { return options.json; }
-    /// The session, which came as far as the command's row asks. Settings are always there.
+    /// Records and lists are asked for as JSON.
+    bool json() const { return globals.json; }
+    /// The session, come as far as the command's row asks. Its settings are always there.
     ProjectSession& session();
+    /// The frame that commands by number act on.
+    CommandTarget& frame();
+    /// A line of the driver's own on standard error, "varn: " in front.
+    void complain(std::string_view utf8) { driver::complain(output, utf8); }
 
-    /// Parses one call without the program's name and runs it; everything that a call can end with
+    /// Reads one call, without the program's name, and runs it. Whatever a call can end with
     /// becomes a status, and what the person must know has been said.
     Status run(const std::vector<std::string>& words);
 
-    bool isBatch() const { return batchDepth > 0; }
-    /// `command exit` met: the rest of a batch is not run.
+    /// While a batch is read: its own commands are known, and another batch is refused.
+    void setInBatch(bool value) { inBatch = value; }
+    bool isInBatch() const { return inBatch; }
+    /// The session ended, by a command or at its start: nothing more is to be run.
     bool isEnded() const { return ended; }
-    void end() { ended = true; }
-
-    /// Makes commands of batches known and keeps the globals of the call while it lives.
-    class BatchScope;
 
   private:
-    Status perform(const Command& command, const Arguments& arguments);
+    Status runCall(const Call& call);
+    void adopt(const Call& call);
+    Status perform(const Call& call);
+    bool startAsFarAs(Needs needs);
 
     Output& output;
-    GlobalOptions options;
+    DriverHost& driverHost;
+    GlobalOptions globals;
     std::unique_ptr<ProjectSession> project;
-    int batchDepth = 0;
+    std::unique_ptr<CommandTarget> target;
+    bool inBatch = false;
     bool ended = false;
-};
-
-class Context::BatchScope
-{
-  public:
-    explicit BatchScope(Context& context) : context(context) { ++context.batchDepth; }
-    ~BatchScope() { --context.batchDepth; }
-    BatchScope(const BatchScope&) = delete;
-    BatchScope& operator=(const BatchScope&) = delete;
-
-  private:
-    Context& context;
 };
 
 } // namespace varn::driver

@@ -31,7 +31,10 @@ class Output
     bool isGood() const { return std::ferror(stdout) == 0; }
 };
 
-/// A narrow or wide text as JSON holds it.
+/// CR LF as LF; a CR by itself stays.
+std::string withLineFeeds(std::string text);
+
+/// A wide text, or one in the process code page, as JSON holds it.
 std::string jsonText(WStringView text);
 std::string jsonText(std::string_view narrow);
 

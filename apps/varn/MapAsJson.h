@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Game/Map/WizMap.h"
+#include "Output.h"
+
+namespace varn::driver {
+
+/// A floor without its cells: "cols", "rows", the side document's "attributes" with the values in
+/// use (numbers where the document has numbers), "events" and "areas".
+Json mapAsJson(const WizMap& map);
+
+} // namespace varn::driver

@@ -1,0 +1,62 @@
+#include "Output.h"
+
+#include <nlohmann/json.hpp>
+
+namespace varn::driver {
+
+namespace {
+
+void write(std::string_view bytes)
+{
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
+} // namespace
+
+std::string withLineFeeds(std::string text)
+{
+    std::size_t end = 0;
+    for (std::size_t at = 0; at < text.size(); ++at)
+        if (text[at] != '\r' || at + 1 == text.size() || text[at + 1] != '\n')
+            text[end++] = text[at];
+    text.resize(end);
+    return text;
+}
+
+void Output::line(std::string_view utf8)
+{
+    write(utf8);
+    write("\n");
+}
+
+void Output::line(WStringView text)
+{
+    line(std::string_view(withLineFeeds(toUtf8(text))));
+}
+
+void Output::text(WStringView text)
+{
+    write(withLineFeeds(toUtf8(text)));
+}
+
+void Output::bytes(ByteSpan bytes)
+{
+    write(asChars(bytes));
+}
+
+void Output::json(const Json& value)
+{
+    line(std::string_view(value.dump(2)));
+}
+
+std::string jsonText(WStringView text)
+{
+    return toUtf8(text);
+}
+
+std::string jsonText(std::string_view narrow)
+{
+    return toUtf8(widen(narrow));
+}
+
+} // namespace varn::driver
