@@ -112,10 +112,9 @@ struct Field
     Kind kind = Kind::Custom;
     NumberType number = NumberType::None;
     NumberForm form = NumberForm::Plain;
-    std::uint16_t count =
-        1; ///< entries of an array or of CDATA texts, bytes of a fixed text's room
-    std::uint16_t limit = 0;              ///< bytes a fixed text can take, its terminator included
-    std::int32_t fallback = 0;            ///< what a missing attribute reads as
+    std::uint16_t count = 1;   ///< entries of an array, CDATA texts, bytes of a fixed text's room
+    std::uint16_t limit = 0;   ///< bytes a fixed text can take, its terminator included
+    std::int32_t fallback = 0; ///< what a missing attribute reads as
     void* (*place)(GameRow&) = nullptr;   ///< the stored value; null for children
     const WrittenRule* written = nullptr; ///< null: always
     OlderKey older = {};
@@ -253,8 +252,7 @@ bool isWritten(const GameRow& row, const Field& field);
 /// Where the field lies in the `.dat` record; nothing outside it.
 std::optional<std::size_t> recordOffset(const FieldTable& table, const Field& field);
 
-/// Takes over a `.dat` record: at most the record's size, the rest of it zero; everything outside
-/// the record becomes blank, and the name is cut to its field.
+/// Takes a `.dat` record into a blank row: at most the record's size; the name is cut to its field.
 void readRecord(GameRow& row, ByteSpan bytes);
 
 } // namespace varn

@@ -182,9 +182,12 @@ bool GameTable::save()
     return writeFile(WString(getTagName()).append(kXml));
 }
 
+/// A table without a tag that was never loaded by name is named after the file it usually has.
 WString GameTable::rootName() const
 {
-    const WStringView name = fileName.empty() ? getTagName() : WStringView(fileName);
+    WStringView name = fileName.empty() ? getTagName() : WStringView(fileName);
+    if (name.empty())
+        name = info.fileName;
     return WString(name.substr(0, name.rfind(u'.')));
 }
 

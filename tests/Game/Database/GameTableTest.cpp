@@ -31,8 +31,8 @@ class GameTableTest : public ::testing::Test
     {
         states.clear();
         traps.clear();
-        language() = {};
     }
+    void TearDown() override { language() = {}; }
 };
 
 std::string stateRecords(std::size_t count, std::size_t stray = 0)
@@ -99,7 +99,7 @@ TEST_F(GameTableTest, RefusesABinaryFileOfATableWithoutThatForm)
 TEST_F(GameTableTest, PrefersTheDocument)
 {
     project.write("Data/State.dat", stateRecords(3));
-    project.writeUtf16("data/states.xml",
+    project.writeUtf16("Data/states.xml",
                        u"<States><data name=\"Poison\"/>noise<x name='Sleep'/></States>");
     EXPECT_TRUE(states.load(u"State.dat", 1));
     ASSERT_EQ(states.size(), 2u);

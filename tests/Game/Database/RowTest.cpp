@@ -166,7 +166,7 @@ const RowCase kRowCases[] = {
      u"<data><message><language>a\\nb\n&amp;amp;c</language><language>B</language><language>x"
      u"</language></message><other/><message/></data>",
      {u"<language>a\r\nb\r\n&amp;c</language>\r\n\t\t<language>B</language>\r\n"},
-     {u"x"}},
+     {u"<language>x"}},
     {"five state messages",
      u"States",
      u"<data><message/><message/><message/><message/><message><language>fifth</language></message>"
