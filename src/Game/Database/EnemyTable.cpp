@@ -12,7 +12,8 @@ const FieldTable& EnemyTableModel::fieldTable()
         field<&Row::record, &Record::name>(u"name", u"Name"),
         field<&Row::record, &Record::id>(u"id", u"ID"),
         field<&Row::enemyIDs>(u"enemyIDs", u"Enemies").to(u"Enemies"),
-        field<&Row::enemyPriorities>(u"enemyPriorities", u"Weight"),
+        field<&Row::enemyPriorities>(u"enemyPriorities", u"Weight")
+            .noting(u"of the enemy at the same index"),
     };
     static constexpr FieldTable kTable = recordTable<&Row::record>(u"EnemyTableModel", kFields);
     return kTable;

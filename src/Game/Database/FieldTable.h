@@ -107,8 +107,9 @@ struct Codec
 /// controls of its dialog, getters by key, comma-separated export and the search for uses of a row.
 struct Field
 {
-    WStringView key;   ///< of the attribute
-    WStringView label; ///< what people see
+    WStringView key;       ///< of the attribute
+    WStringView label;     ///< what people see
+    WStringView note = {}; ///< what its numbers or text mean, where label and table do not tell
     Kind kind = Kind::Custom;
     NumberType number = NumberType::None;
     NumberForm form = NumberForm::Plain;
@@ -187,6 +188,12 @@ struct Field
     {
         Field field = *this;
         field.kind = Kind::CDataTexts;
+        return field;
+    }
+    constexpr Field noting(WStringView words) const
+    {
+        Field field = *this;
+        field.note = words;
         return field;
     }
     constexpr Field inChild(std::int8_t position) const

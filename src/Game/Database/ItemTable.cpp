@@ -14,7 +14,8 @@ const FieldTable& ItemTableData::fieldTable()
         field<&Row::record, &Record::name>(u"name", u"Name"),
         kBaseName2,
         field<&Row::itemIDs>(u"itemIDs", u"Items").to(u"Items"),
-        field<&Row::itemRates>(u"itemRates", u"Chance"),
+        field<&Row::itemRates>(u"itemRates", u"Chance")
+            .noting(u"percent, of the item at the same index"),
     };
     static constexpr FieldTable kTable = recordTable<&Row::record>(u"ItemTableData", kFields);
     return kTable;

@@ -11,7 +11,8 @@ const FieldTable& MarkerModel::fieldTable()
         kBaseMarker,
         kBaseName,
         kBaseName2,
-        field<&MarkerModel::backgroundColor>(u"backgroundColor", u"Background Color"),
+        field<&MarkerModel::backgroundColor>(u"backgroundColor", u"Background Color")
+            .noting(u"0x00BBGGRR, written in decimal"),
     };
     static constexpr FieldTable kTable = rowTable<MarkerModel>(u"MarkerModel", u"data", kFields);
     return kTable;

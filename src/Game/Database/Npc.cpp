@@ -116,6 +116,9 @@ const FieldTable& NPC::Message::fieldTable()
             .when(kIsFightWithEnemy),
         Field{.key = u"conditions",
               .label = u"Conditions",
+              .note =
+                  u"written: `id` 10, then 20 for `type` 2 and 30 for `type` 3; read: any other "
+                  u"`id` is a fault, told, and ends the reading of the message",
               .kind = Kind::ChildRows,
               .children = &kConditions},
         field<&Row::texts>(u"text", u"Text"),

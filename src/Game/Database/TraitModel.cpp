@@ -28,7 +28,8 @@ const FieldTable& TraitModel::fieldTable()
     static constexpr Field kFields[] = {
         field<&Row::type>(u"type", u"Type").among(kTypes).orElse(UndefinedType),
         field<&Row::targets>(u"targets", u"Target").to(targetTable),
-        field<&Row::value>(u"value", u"Value"),
+        field<&Row::value>(u"value", u"Value")
+            .noting(u"percent; of a status attack without targets, the chance of all of them"),
     };
     static constexpr FieldTable kTable = rowTable<Row>(u"TraitModel", u"trait", kFields);
     return kTable;

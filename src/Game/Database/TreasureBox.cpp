@@ -27,6 +27,7 @@ const TableInfo TreasureBoxTrapList::kInfo = {
 const FieldTable& TreasureBoxData::fieldTable()
 {
     using Row = TreasureBoxData;
+    static constexpr WStringView kPairs = u"pairs: the first and the last row of a range";
     static constexpr Field kFields[] = {
         kBaseId,
         kBaseMarker,
@@ -35,9 +36,9 @@ const FieldTable& TreasureBoxData::fieldTable()
         field<&Row::gold>(u"gold", u"Gold"),
         field<&Row::goldVariance>(u"goldVariance", u"Gold Variance"),
         field<&Row::traps>(u"traps", u"Traps").to(u"TrapList"),
-        field<&Row::rangeTable0>(u"rangeTable0", u"Range Table 1").to(u"Items"),
-        field<&Row::rangeTable1>(u"rangeTable1", u"Range Table 2").to(u"Items"),
-        field<&Row::rangeTable2>(u"rangeTable2", u"Range Table 3").to(u"Items"),
+        field<&Row::rangeTable0>(u"rangeTable0", u"Range Table 1").to(u"Items").noting(kPairs),
+        field<&Row::rangeTable1>(u"rangeTable1", u"Range Table 2").to(u"Items").noting(kPairs),
+        field<&Row::rangeTable2>(u"rangeTable2", u"Range Table 3").to(u"Items").noting(kPairs),
     };
     static constexpr FieldTable kTable = rowTable<Row>(u"TreasureBoxData", u"data", kFields);
     return kTable;

@@ -13,8 +13,8 @@ const FieldTable& VersionControlModel::fieldTable()
         kBaseName,
         kBaseName2,
         field<&Row::targetVersionName>(u"targetVersionName", u"Target Version"),
-        field<&Row::itemIdCorrespondenceTable>(u"itemIdCorrespondenceTable",
-                                               u"Item Correspondence"),
+        field<&Row::itemIdCorrespondenceTable>(u"itemIdCorrespondenceTable", u"Item Correspondence")
+            .noting(u"`OLD:NEW` pairs of rows of `Items`, joined by `,`"),
     };
     static constexpr FieldTable kTable = rowTable<Row>(u"VersionControlModel", u"data", kFields);
     return kTable;

@@ -68,7 +68,8 @@ const FieldTable& WizCharacter::fieldTable()
         field<&Row::party>(u"party", u"Party"),
         childRows<&Row::items, Entries::ByAttribute>(u"items", u"Items"),
         childRows<&Row::skills, Entries::ByAttribute>(u"skills", u"Skills"),
-        childRows<&Row::abilities, Entries::ByAttribute>(u"abilities", u"Ability"),
+        childRows<&Row::abilities, Entries::ByAttribute>(u"abilities", u"Ability")
+            .noting(u"in the order STR, INT, PIE, VIT, AGI, LUK"),
         coded(kPartyRequired, u"(party)", u"Party"),
     };
     static constexpr FieldTable kTable =

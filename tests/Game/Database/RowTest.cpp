@@ -1,4 +1,5 @@
 #include "Game/Database/GameDatabase.h"
+#include "Game/Database/LanguageManager.h"
 #include "Game/Database/Npc.h"
 #include "Game/Database/SkillModel.h"
 #include "Game/Database/StateModel.h"
@@ -9,8 +10,10 @@
 #include "Game/Database/WizItem.h"
 #include "Parser/XMLParser.h"
 #include "Support/RecordingHost.h"
+#include "Support/TemporaryProject.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace varn::test {
 namespace {
@@ -334,15 +337,35 @@ TEST(Row, GettersReadTheRecordAndStayInsideArrays)
     EXPECT_EQ(version.getItemIdCorrespondenceTable(), u"1:4,2:9");
 }
 
-TEST(FieldTable, RefersOnlyToTablesThatThereAre)
+/// Every label of a table and of the rows within its rows.
+void collectLabels(const FieldTable& table, std::set<WString>& labels)
 {
+    for (const Field& field : table.fields) {
+        labels.insert(WString(field.label));
+        for (const WStringView choice : field.choices)
+            labels.insert(WString(choice));
+        if (field.children)
+            collectLabels(field.children->table(), labels);
+    }
+}
+
+TEST(FieldTable, SpeaksOfTablesAndTextsThatThereAre)
+{
+    std::set<WString> labels;
     for (GameTable* const table : knownTables()) {
-        for (const Field& field : table->getFieldTable().fields) {
+        collectLabels(table->getFieldTable(), labels);
+        for (const Field& field : table->getFieldTable().fields)
             EXPECT_TRUE(field.refersTo.empty() || findTable(field.refersTo))
                 << toUtf8(field.refersTo);
-            EXPECT_FALSE(field.key.empty());
-            EXPECT_FALSE(field.label.empty());
-        }
+    }
+    for (const char* const language : {"English", "Japanese"}) {
+        TemporaryProject project;
+        project.write("Languages/Tested.xml",
+                      readSource(std::string("assets/Languages/") + language + ".xml"));
+        LanguageManager manager;
+        ASSERT_TRUE(manager.load(u"Languages/Tested.xml"));
+        for (const WString& label : labels)
+            EXPECT_TRUE(manager.getDisplayTexts().contains(label)) << language << toUtf8(label);
     }
 }
 

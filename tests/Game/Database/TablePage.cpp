@@ -40,7 +40,20 @@ After reading, a table is padded with blank rows to the caller's minimum.
   character. Other texts have no limit; those marked narrow can hold only what code page 932 has.
 - A CDATA text is stored as it is; `]]>` in it is written `]]&gt;`.
 - "id" and "marker" belong to rows with a number of their own. It is data: neither loading nor saving numbers rows anew.
+- An element is closed in its start tag where that is told, and written with an end tag otherwise.
 - While the game's second language is active, `name` and `name2` of rows marked so are written the other way round.
+
+`Types.xml` holds two tables, both elements below one root:
+
+    <Types>
+    	<SpellTypes>
+    		<data id="0" name="Mage" name2="" />
+    	</SpellTypes>
+    	<WeaponTypes>
+    	</WeaponTypes>
+    </Types>
+
+They are read and written together. Where one of the elements is missing, its table takes the children of the root.
 
 ## Binary files
 
@@ -146,8 +159,17 @@ std::string choiceNote(const Field& field)
     return note;
 }
 
+/// A blank row need not be what an element without attributes reads as.
+std::string blankNote(const FieldTable& table, const Field& field)
+{
+    if (field.kind != Kind::Number)
+        return "";
+    const std::int32_t value = getNumber(*table.make(), field);
+    return value == field.fallback ? "" : std::to_string(value) + " in a blank row";
+}
+
 /// All that is to be said of a field beyond its form.
-std::string notes(const Field& field)
+std::string notes(const FieldTable& table, const Field& field)
 {
     const std::string key = toUtf8(field.key);
     std::string all;
@@ -156,6 +178,8 @@ std::string notes(const Field& field)
             all += (all.empty() ? "" : "; ") + note;
     };
     add(field.fallback == 0 ? "" : "default " + std::to_string(field.fallback));
+    add(blankNote(table, field));
+    add(toUtf8(field.note));
     add(field.form == NumberForm::ZeroOrOne ? "written 1 for all but 0" : "");
     add(field.form == NumberForm::OneOnly ? "written 1 for 1, else 0" : "");
     add(writtenNote(field));
@@ -179,13 +203,14 @@ std::string fieldLine(const FieldTable& table, const Field& field)
                              field.child == Field::kAttribute;
     return "| " + (offset ? std::to_string(*offset) : "") + " | " +
            (isAttribute ? "`" + toUtf8(field.key) + "`" : "") + " | " + formName(field) + " | " +
-           toUtf8(field.label) + " | " + notes(field) + " |\n";
+           toUtf8(field.label) + " | " + notes(table, field) + " |\n";
 }
 
 void describeRows(const FieldTable& table, std::string& page, std::set<WStringView>& told)
 {
     page += "Element `" + toUtf8(table.element) + "`" +
-            (table.swapsNames ? ", names by language" : "") +
+            (table.selfClosing ? ", self-closing" : ", with an end tag") +
+            (table.swapsNames && table.find(u"name2") ? ", names by language" : "") +
             ":\n\n| Offset | Key | Form | Meaning | Notes |\n| --- | --- | --- | --- | --- |\n";
     std::string codecs;
     for (const Field& field : table.fields) {
@@ -219,7 +244,7 @@ std::string composeTablePage()
         else
             page += ", files `" + toUtf8(info.tagName) + ".xml` and `" + toUtf8(info.datName) +
                     "` with records of " + std::to_string(rows.recordSize) + " bytes";
-        page += ", at least " + std::to_string(info.minRows) + " rows. ";
+        page += "; usually at least " + std::to_string(info.minRows) + " rows. ";
         describeRows(rows, page, told);
     }
     page.pop_back();
