@@ -61,6 +61,11 @@ bool ClassInterface::invoke(NativeCall& call, std::string_view method)
 
 void ClassInterface::trace(const void*, Marker&) const {}
 
+std::size_t ClassInterface::footprint(const void*) const
+{
+    return 0;
+}
+
 const NativeFunction* ClassInterface::findMethod(std::string_view method) const
 {
     const auto found = methods.find(method);

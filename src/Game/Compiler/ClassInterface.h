@@ -95,6 +95,8 @@ class ClassInterface
     virtual bool isInstance(const OperandData& value) const = 0;
     /// Reports values an instance holds, so that they stay alive.
     virtual void trace(const void* instance, Marker& marker) const;
+    /// Bytes of an instance that were told to `Heap::accountExternal`; given back when it dies.
+    virtual std::size_t footprint(const void* instance) const;
 
     /// First overload of a method, or null.
     const NativeFunction* findMethod(std::string_view method) const;

@@ -35,8 +35,6 @@ class Marker
         object->marked = true;
         if (object->type != HeapObject::Type::String)
             pending.push_back(object);
-        else
-            ++reachedStrings;
     }
     /// Follows what was marked until nothing is pending: a list, not the native stack, so any
     /// nesting of values is walked.
@@ -44,7 +42,6 @@ class Marker
 
     std::vector<HeapObject*> pending;
     std::size_t reachedObjects = 0;
-    std::size_t reachedStrings = 0;
 };
 
 /// Owner of the texts, arrays, tables and native instances of one interpreter: allocation by size
@@ -70,7 +67,6 @@ class Heap
     void setLimit(std::size_t bytes) { limit = bytes; }
 
     OperandData makeString(WStringView text);
-    OperandData makeString(std::string_view ascii);
     /// `left` and `right` in one text; appends to the buffer of `left` when no other cell sees
     /// further into it, so building a text piece by piece is linear.
     OperandData concat(const OperandData& left, WStringView right);
@@ -86,16 +82,24 @@ class Heap
     void push(Array& array, const OperandData& value)
     {
         if (array.count == array.capacity)
-            reserve(array, array.count + 1);
+            grow(array, std::uint64_t{array.count} + 1);
         array.elements[array.count++] = value;
     }
     void append(Array& array, std::span<const OperandData> values);
-    void insert(Array& array, std::uint32_t position, std::span<const OperandData> values);
+    /// New elements are "undefined"; a size that cannot be is refused as by `makeArray`.
+    void resize(Array& array, std::int64_t size);
+    /// Puts `values`, which lie outside of the array, in the place of `count` elements.
+    void replace(Array& array, std::uint32_t position, std::uint32_t count,
+                 std::span<const OperandData> values);
     OperandData& ensureMember(Table& table, std::uint32_t name);
     /// Tells of memory a native instance took (or, negative, gave back) beside itself.
     void accountExternal(std::ptrdiff_t bytes);
 
-    bool wantsCollection() const { return objects >= collectThreshold || bytes >= byteThreshold; }
+    /// Is a collection due before another `coming` bytes are allocated?
+    bool wantsCollection(std::size_t coming = 0) const
+    {
+        return objects >= collectThreshold || bytes + coming >= byteThreshold;
+    }
     /// Marks from what `markRoots` reports and frees the rest.
     void collect(const std::function<void(Marker&)>& markRoots);
     /// Frees everything.
@@ -109,32 +113,55 @@ class Heap
   private:
     static constexpr std::size_t kStep = 16;
     static constexpr std::size_t kClasses = 17; // cells of 16 to 256 bytes by index 1 to 16
-    static constexpr std::size_t kBlockBytes = 32 * 1024;
+    static constexpr std::size_t kBlockBytes = std::size_t{32} << 10;
+    static constexpr std::size_t kFirstBytes = std::size_t{1} << 20;
+    static constexpr std::size_t kKeptEmptyBytes = std::size_t{4} << 20;
+    static constexpr std::uint64_t kMaxTextUnits = std::uint64_t{1} << 30;
+
+    /// First cell of a run of free ones; its head's count is their number.
     struct FreeCell
     {
         HeapObject head;
         FreeCell* next;
     };
+    /// Where the next cell of a size comes from.
+    struct FreeRun
+    {
+        std::byte* cursor = nullptr;
+        std::byte* end = nullptr;
+        FreeCell* next = nullptr;
+    };
     struct Block
     {
         std::unique_ptr<std::byte[]> memory;
         std::size_t sizeClass;
+        std::size_t size;
+    };
+    struct SweptBlock
+    {
+        FreeCell* first = nullptr;
+        FreeCell* last = nullptr;
+        std::size_t live = 0;
     };
 
     void* allocate(std::size_t size, HeapObject::Type type);
     void* allocateCell(std::size_t sizeClass);
     void refill(std::size_t sizeClass);
     void* allocateLarge(std::size_t size);
-    StringBuffer* makeBuffer(std::uint32_t used, std::uint32_t capacity);
-    void reserve(Array& array, std::uint64_t size);
+    StringBuffer* makeBuffer(std::uint64_t used, std::uint64_t capacity);
+    OperandData makeBox(ClassInterface& classInterface, void* instance, Kind kind);
+    void reserve(Array& array, std::uint64_t size, std::uint64_t wanted);
+    void checkLength(std::int64_t size) const;
+    void grow(Array& array, std::uint64_t size);
+    void allocateElements(Array& array, std::uint32_t size);
     void charge(std::size_t size);
     void release(HeapObject& object);
     void sweep();
-    void sweepBlock(Block& block);
+    SweptBlock sweepBlock(Block& block);
     void sweepLarge();
     [[noreturn]] void outOfMemory() const;
 
-    std::array<FreeCell*, kClasses> freeCells{};
+    std::array<FreeRun, kClasses> freeRuns{};
     std::vector<Block> blocks;
     std::vector<HeapObject*> large;
     std::size_t objects = 0;
@@ -142,8 +169,6 @@ class Heap
     std::size_t bytes = 0;
     std::size_t byteThreshold = kFirstBytes;
     std::size_t limit = kDefaultLimit;
-
-    static constexpr std::size_t kFirstBytes = std::size_t{4} << 20;
 };
 
 } // namespace varn

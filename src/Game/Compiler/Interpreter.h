@@ -3,7 +3,7 @@
 #include "Game/Compiler/ClassInterface.h"
 #include "Game/Compiler/Heap.h"
 #include "Game/Compiler/InterpreterException.h"
-#include "Game/Compiler/Thread.h"
+#include "Game/Compiler/ScriptThread.h"
 
 #include <functional>
 #include <memory>
@@ -23,13 +23,11 @@ struct Program;
 /// Messages of a run that goes on (a native that throws, a call no overload takes) are shown
 /// through the host. What ends a run leaves `execute` as a fatal InterpreterException that names
 /// script and line; on the own thread it is shown instead.
-class Interpreter : public Thread
+class Interpreter : public ScriptThread
 {
   public:
     Interpreter();
     ~Interpreter() override;
-    Interpreter(const Interpreter&) = delete;
-    Interpreter& operator=(const Interpreter&) = delete;
 
     /// Compiles `text` under the name that messages tell, with `Scripts/Global.txt` in front when
     /// `loadGlobalScript` is set and the file exists. Throws std::string with all errors, a line
@@ -39,7 +37,6 @@ class Interpreter : public Thread
     /// Back to the start: no values, no frames.
     virtual void reset();
 
-    void start() override;
     /// One instruction; false when the run has ended.
     bool step();
     /// Runs to the end, or for `budget` instructions; false when the budget ended it.
@@ -69,7 +66,8 @@ class Interpreter : public Thread
     /// Handed to formulas; kept alive by the machine.
     std::vector<OperandData> globalValues;
 
-    // What natives see of the call they serve.
+    // What natives see of the call they serve. Those that block use `park`, `sleepFor` and
+    // `isStopRequested` of the thread.
 
     /// Number of arguments.
     int getTop() const { return call ? call->count : 0; }
@@ -84,11 +82,6 @@ class Interpreter : public Thread
     void push(const OperandData& value) { call->push(value); }
     OperandData pop();
     Heap& heap() { return values; }
-
-    /// For natives that block: until the host's next frame; for a time; was the run asked to end.
-    using Thread::isStopRequested;
-    using Thread::park;
-    using Thread::sleepFor;
 
   protected:
     int run() override;

@@ -65,7 +65,6 @@ class Array : public HeapObject
     /// or -1.
     std::int32_t indexOf(const OperandData& value, std::int32_t from) const;
     WString join(WStringView separator) const;
-    void erase(std::uint32_t position, std::uint32_t howMany);
 
   private:
     friend class Heap;

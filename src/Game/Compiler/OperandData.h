@@ -17,8 +17,8 @@ struct FunctionCode;
 /// What a script value is; the numbers are those that natives see as `get_type`.
 enum class Kind : std::uint8_t
 {
-    None = 0,      ///< a cell nothing was stored in
-    Undefined = 1, ///< element or member that exists without a value; text "0", number 0
+    Undefined =
+        0, ///< without a value; text "0", number 0. All zero bits, so fresh memory is such cells
     Int = 2,
     String = 3,
     Number = 4,
@@ -41,7 +41,7 @@ enum class Kind : std::uint8_t
 class OperandData
 {
   public:
-    constexpr OperandData() : head(static_cast<std::uint64_t>(Kind::Undefined)), bits(0) {}
+    constexpr OperandData() : head(0), bits(0) {}
 
     static constexpr OperandData integer(std::int32_t value)
     {

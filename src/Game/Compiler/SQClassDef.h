@@ -148,34 +148,51 @@ template <class R, class C, class... A>
 struct Signature<R (C::*)(A...) const noexcept> : Signature<R (*)(A...)>
 {};
 
-/// Calls one native with arguments converted for its parameters, and pushes its result. A void
-/// native pushes the integer 1. A native that takes the Interpreter alone reads the arguments
-/// itself and answers 1 when it pushed a result, 0 when not.
+/// Calls a native with arguments converted for its parameters `P`, and pushes its result. A void
+/// native pushes the integer 1.
+template <class... P, class Native, std::size_t... I>
+void invokeConverted(NativeCall& call, const Native& native, std::index_sequence<I...>)
+{
+    using Result = decltype(native(Argument<std::remove_cvref_t<P>>{call.arguments[I]}...));
+    if constexpr (std::is_void_v<Result>) {
+        native(Argument<std::remove_cvref_t<P>>{call.arguments[I]}...);
+        call.push(OperandData::integer(1));
+    } else {
+        call.push(toOperand<std::remove_cvref_t<Result>>(
+            call.heap, native(Argument<std::remove_cvref_t<P>>{call.arguments[I]}...)));
+    }
+}
+
+/// How a native with the parameters `P` is called.
 template <class... P>
 struct NativeInvoker
 {
     static constexpr int kArity = sizeof...(P);
 
     template <class Native>
-    static void run(NativeCall& call, Native&& native)
+    static void run(NativeCall& call, const Native& native)
     {
-        runIndexed(call, std::forward<Native>(native), std::index_sequence_for<P...>{});
-    }
-
-  private:
-    template <class Native, std::size_t... I>
-    static void runIndexed(NativeCall& call, Native&& native, std::index_sequence<I...>)
-    {
-        using Result = decltype(native(std::declval<P>()...));
-        if constexpr (std::is_void_v<Result>) {
-            native(Argument<std::remove_cvref_t<P>>{call.arguments[I]}...);
-            call.push(OperandData::integer(1));
-        } else {
-            call.push(toOperand<std::remove_cvref_t<Result>>(
-                call.heap, native(Argument<std::remove_cvref_t<P>>{call.arguments[I]}...)));
-        }
+        invokeConverted<P...>(call, native, std::index_sequence_for<P...>{});
     }
 };
+/// With the call itself in front: for natives that make values.
+template <class... P>
+struct NativeInvoker<NativeCall&, P...>
+{
+    static constexpr int kArity = sizeof...(P);
+
+    template <class Native>
+    static void run(NativeCall& call, const Native& native)
+    {
+        invokeConverted<P...>(
+            call,
+            [&](auto&&... arguments) -> decltype(auto) {
+                return native(call, std::forward<decltype(arguments)>(arguments)...);
+            },
+            std::index_sequence_for<P...>{});
+    }
+};
+
 /// Makes a call the one that getTop, getInt and push of its interpreter speak of, while it lives.
 class NativeFrame
 {
@@ -195,7 +212,7 @@ struct NativeInvoker<Interpreter&>
     static constexpr int kArity = NativeFunction::kAnyArity;
 
     template <class Native>
-    static void run(NativeCall& call, Native&& native)
+    static void run(NativeCall& call, const Native& native)
     {
         const NativeFrame frame(call);
         if constexpr (std::is_same_v<decltype(native(call.vm)), OperandData>)
@@ -223,14 +240,16 @@ struct DropReceiver<T, First, P...>
 ///     GlobalClassTable::instance().registerClass(std::move(made));
 ///
 /// Parameters: integers, bool, double, WStringView, const WString&, const std::string& (code page),
-/// const OperandData&. Results: those (texts become strings), OperandData, Array*, void (the script
-/// gets 1). A native `int f(Interpreter&)` reads its arguments itself (variable argument lists),
-/// pushes at most one result and answers how many; `OperandData f(Interpreter&)` returns it
-/// instead. "constructor" runs on `new`. Natives report faults by throwing
-/// interpreter::InterpreterException: it is shown, and the script goes on.
+/// const OperandData&; before them, `NativeCall&` for a native that makes values. Results: those
+/// (texts become strings), OperandData, Array*, void (the script gets 1). A native `int
+/// f(Interpreter&)` reads its arguments itself (variable argument lists), pushes at most one result
+/// and answers how many; `OperandData f(Interpreter&)` returns it instead. "constructor" runs on
+/// `new`. Natives report faults by throwing interpreter::InterpreterException: it is shown, and the
+/// script goes on.
 ///
-/// A type whose instances hold script values derives their `trace`: a member
-/// `void trace(Marker&) const` is found by itself.
+/// A type whose instances hold script values has `void trace(Marker&) const`, one that takes much
+/// memory `std::size_t footprint() const`; both are found by themselves. What the footprint grows
+/// by is to be told to `Heap::accountExternal`.
 template <class T>
 class SQClassDef : public ClassInterface
 {
@@ -290,6 +309,13 @@ class SQClassDef : public ClassInterface
         else
             return value.isBoxed() && value.asBox()->instance &&
                    dynamic_cast<const SQClassDef<T>*>(value.asBox()->classInterface);
+    }
+    std::size_t footprint(const void* instance) const override
+    {
+        if constexpr (requires(const T& held) { held.footprint(); })
+            return static_cast<const T*>(instance)->footprint();
+        else
+            return 0;
     }
     void trace(const void* instance, Marker& marker) const override
     {

@@ -1,21 +1,21 @@
-#include "Game/Compiler/Thread.h"
+#include "Game/Compiler/ScriptThread.h"
 
 #include <chrono>
 
 namespace varn {
 
-Thread::~Thread()
+ScriptThread::~ScriptThread()
 {
-    Thread::stop();
+    stop();
 }
 
-void Thread::start()
+void ScriptThread::start()
 {
-    if (thread.joinable())
-        thread.join();
+    thread.join();
     stopRequested = false;
     running = true;
-    thread = std::jthread([this] {
+    thread = Thread("script", [this](const std::stop_token&) {
+        self = std::this_thread::get_id();
         lastResult = run();
         const std::lock_guard lock(meeting);
         running = false;
@@ -23,42 +23,41 @@ void Thread::start()
     });
 }
 
-void Thread::stop()
+void ScriptThread::stop()
 {
     requestStop();
-    if (thread.joinable())
-        thread.join();
+    thread.join();
 }
 
-bool Thread::isParked() const
+bool ScriptThread::isParked() const
 {
     const std::lock_guard lock(meeting);
     return parked;
 }
 
-void Thread::requestStop()
+void ScriptThread::requestStop()
 {
     const std::lock_guard lock(meeting);
     stopRequested = true;
     changed.notify_all();
 }
 
-void Thread::resume()
+void ScriptThread::resume()
 {
     const std::lock_guard lock(meeting);
     signalled = true;
     changed.notify_all();
 }
 
-void Thread::waitUntilIdle()
+void ScriptThread::waitUntilIdle()
 {
     std::unique_lock lock(meeting);
     changed.wait(lock, [this] { return (parked && !signalled) || !running; });
 }
 
-void Thread::park()
+void ScriptThread::park()
 {
-    if (std::this_thread::get_id() != thread.get_id())
+    if (self.load() != std::this_thread::get_id())
         return;
     std::unique_lock lock(meeting);
     signalled = false;
@@ -68,7 +67,7 @@ void Thread::park()
     parked = false;
 }
 
-void Thread::sleepFor(int milliseconds)
+void ScriptThread::sleepFor(int milliseconds)
 {
     std::unique_lock lock(meeting);
     changed.wait_for(lock, std::chrono::milliseconds(milliseconds),

@@ -1,0 +1,207 @@
+#include "Game/Compiler/CodeGenerator.h"
+#include <utility>
+
+// Elements, members and calls of CodeGenerator.
+
+namespace varn {
+
+/// Compiles the selectors of a list. `behind` is evaluated before they are used, so what it may
+/// change is copied.
+CodeGenerator::Selection CodeGenerator::selection(AST* list, const AST* behind)
+{
+    Selection made;
+    made.head = list->left->left;
+    const Variable& base = *made.head->variable;
+    made.isGlobal = !isRegister(base);
+    made.base = static_cast<std::int32_t>(base.slot);
+    made.count = lengthOf(list->right);
+    AST* only = list->right->left;
+    if (made.count == 1 && only->isIdentifier() && nameIndex(*only->symbol) <= 0xFFFF) {
+        made.member = only;
+        return made;
+    }
+    if (made.count == 1 && !only->isIdentifier()) {
+        made.first = inRegister(leftOperand(only->left, behind));
+        return made;
+    }
+    made.first = newTemporary(made.count);
+    std::int32_t selector = made.first;
+    for (AST* each : elementsOf(list->right)) {
+        if (each->isIdentifier())
+            emitWide(Opcode::LoadSelector, selector,
+                     static_cast<std::int32_t>(nameIndex(*each->symbol)));
+        else
+            into(each->left, selector);
+        ++selector;
+    }
+    return made;
+}
+
+void CodeGenerator::load(const Selection& from, std::int32_t target)
+{
+    nameSelected(*from.head->symbol);
+    if (from.member) {
+        emit(from.isGlobal ? Opcode::GetMemberG : Opcode::GetMember, target, from.base,
+             static_cast<std::int32_t>(nameIndex(*from.member->symbol)));
+    } else if (from.count == 1) {
+        emit(from.isGlobal ? Opcode::GetElementG : Opcode::GetElement, target, from.base,
+             from.first);
+    } else {
+        emit(Opcode::GetChain, target, from.base, from.count);
+        emit(Opcode::ChainExtra, from.first, 0, from.isGlobal ? 1 : 0);
+    }
+}
+
+void CodeGenerator::store(const Selection& place, std::int32_t value)
+{
+    nameSelected(*place.head->symbol);
+    if (place.member) {
+        emit(place.isGlobal ? Opcode::SetMemberG : Opcode::SetMember, place.base, value,
+             static_cast<std::int32_t>(nameIndex(*place.member->symbol)));
+    } else if (place.count == 1) {
+        emit(place.isGlobal ? Opcode::SetElementG : Opcode::SetElement, place.base, place.first,
+             value);
+    } else {
+        emit(Opcode::SetChain, value, place.base, place.count);
+        emit(Opcode::ChainExtra, place.first, 0, place.isGlobal ? 1 : 0);
+    }
+}
+
+/// `a[i] = constant` in one instruction, for small ints and booleans.
+bool CodeGenerator::storeConstant(AST* list, const AST& value)
+{
+    AST* index = list->right->left;
+    const bool isShort = (value.kind == kTokenInteger || value.kind == kTokenBoolean) &&
+                         value.value == static_cast<std::int16_t>(value.value);
+    if (!isShort || list->right->right || index->kind != kNodeIndex ||
+        !isRegister(*list->left->left->variable))
+        return false;
+    const std::int32_t at = registerOf(index->left);
+    nameSelected(*list->left->left->symbol);
+    emit(value.kind == kTokenBoolean ? Opcode::SetElementBoolean : Opcode::SetElementInt,
+         registerOf(*list->left->left->variable), at, value.value);
+    return true;
+}
+
+/// Reads an element or member; a constant index stands in the instruction.
+void CodeGenerator::select(AST* list, const AST* behind, std::int32_t target)
+{
+    AST* index = list->right->left;
+    const bool constant = !list->right->right && index->kind == kNodeIndex &&
+                          index->left->kind == kTokenInteger && index->left->value >= 0 &&
+                          index->left->value <= 0x7FFF;
+    if (!constant || !isRegister(*list->left->left->variable))
+        return load(selection(list, behind), target);
+    nameSelected(*list->left->left->symbol);
+    emit(Opcode::GetElementC, target, registerOf(*list->left->left->variable), index->left->value);
+}
+
+/// Evaluates arguments into registers that follow each other; gives the first.
+std::int32_t CodeGenerator::arguments(AST* list, int& count)
+{
+    const std::int32_t first = top;
+    count = 0;
+    for (AST* each : elementsOf(list)) {
+        into(each, newTemporary());
+        ++count;
+    }
+    return first;
+}
+
+/// A call of a script function; gives the register of the result, the newest temporary.
+std::int32_t CodeGenerator::call(AST* node)
+{
+    const Variable& callee = *node->left->variable;
+    const std::int32_t header = newTemporary();
+    int count = 0;
+    arguments(node->right, count);
+    position = {node->line, node->fileIndex};
+    emit(isRegister(callee) && !topLevel ? Opcode::CallValue : Opcode::Call, header,
+         static_cast<std::int32_t>(callee.slot), count);
+    top = header + 1;
+    return header;
+}
+
+void CodeGenerator::callNative(AST* node, std::int32_t target)
+{
+    int count = 0;
+    const std::int32_t first = arguments(node->right, count);
+    position = {node->line, node->fileIndex};
+    emit(Opcode::CallNative, first, target, count);
+    emitExtra(Opcode::Extra, 0, static_cast<std::int32_t>(program.natives.size()));
+    program.natives.push_back(
+        {std::string(node->left->symbol->name), node->left->symbol->nativeFunction()});
+}
+
+std::uint32_t CodeGenerator::addSite(Symbol& method, int count, ClassInterface* declared,
+                                     bool isStatic)
+{
+    CallSite site;
+    site.method = nameIndex(method);
+    site.count = static_cast<std::uint32_t>(count);
+    site.declared = declared;
+    site.isStatic = isStatic;
+    program.sites.push_back(site);
+    return static_cast<std::uint32_t>(program.sites.size() - 1);
+}
+
+/// A member of a class: with arguments a call, without a list a constant.
+void CodeGenerator::staticCall(AST* list, AST* given, std::int32_t target)
+{
+    int count = 0;
+    const std::int32_t first = arguments(given, count);
+    Symbol& method = *lastCell(list)->left->symbol;
+    emit(Opcode::CallStatic, newTemporary(), 0, first);
+    emitExtra(Opcode::MethodResult, target,
+              static_cast<std::int32_t>(
+                  addSite(method, count, list->left->left->symbol->nativeClass(), true)));
+}
+
+/// Loads what a method is called on: the text, the variable, or what the selectors before the
+/// method reach.
+std::int32_t CodeGenerator::receiver(AST* list)
+{
+    AST* first = list->left;
+    if (first->kind == kTokenString)
+        return registerOf(first);
+    if (!list->right->right)
+        return registerOf(first->left);
+    AST* beforeLast = list; // the list without its method, for the time of the load
+    while (beforeLast->right->right)
+        beforeLast = beforeLast->right;
+    AST* method = std::exchange(beforeLast->right, nullptr);
+    const std::int32_t target = newTemporary();
+    select(list, nullptr, target);
+    beforeLast->right = method;
+    return target;
+}
+
+void CodeGenerator::methodCall(AST* node, std::int32_t target)
+{
+    if (node->has(AST::kStatic))
+        return staticCall(node->left, node->right, target);
+    AST* only = node->right && !node->right->right ? node->right->left : nullptr;
+    const bool inPlace =
+        only && only->isIdentifier() && isRegister(*only->variable) && !hazard(node->left);
+    int count = 1;
+    const std::int32_t first =
+        inPlace ? registerOf(*only->variable) : arguments(node->right, count);
+    const std::int32_t from = receiver(node->left);
+    Symbol& method = *lastCell(node->left)->left->symbol;
+    position = {node->line, node->fileIndex};
+    emit(Opcode::CallMethod, newTemporary(), from, first);
+    ClassInterface* declared = resolved->receiverClasses[static_cast<std::size_t>(node->value)];
+    emitExtra(Opcode::MethodResult, target,
+              static_cast<std::int32_t>(addSite(method, count, declared, false)));
+}
+
+void CodeGenerator::newObject(AST* node, std::int32_t target)
+{
+    int count = 0;
+    const std::int32_t first = arguments(node->right, count);
+    position = {node->line, node->fileIndex};
+    emit(Opcode::New, target, first, count);
+    emitExtra(Opcode::Extra, 0, static_cast<std::int32_t>(classIndex(*node->left->symbol)));
+}
+
+} // namespace varn

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace varn {
+
+/// "Array" of scripts.
+void registerArray();
+
+} // namespace varn

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace varn {
+
+/// "String" of scripts.
+void registerString();
+
+} // namespace varn
