@@ -4,6 +4,7 @@
 #include "Util/CodePageTables.h"
 #include "Util/Exception.h"
 
+#include <algorithm>
 #include <iconv.h>
 
 namespace varn {
@@ -71,6 +72,8 @@ DoubleByteTable makeShiftJisTable()
     for (unsigned byte = 0xA1; byte <= 0xDF; ++byte)
         table.enterSingle(static_cast<unsigned char>(byte),
                           static_cast<char16_t>(0xFF61 + byte - 0xA1));
+    table.markLeads(0x81, 0x9F);
+    table.markLeads(0xE0, 0xFC);
     // The first pair that is entered for a unit encodes it. Where the vendors' rows repeat a
     // character, the standard's row comes first, then NEC's row 13, then IBM's rows; NEC's copies
     // of those last.
@@ -127,6 +130,7 @@ DoubleByteTable makeBig5Table()
     enterAscii(table);
     table.enterSingle(0x80, 0x0080);
     table.enterSingle(0xFF, 0xF8F8);
+    table.markLeads(0x81, 0xFE);
     // Two ideographs stand twice; A451 and A4CA encode them.
     table.codes[u'十'] = 0xA451;
     table.codes[u'卅'] = 0xA4CA;
@@ -294,9 +298,13 @@ std::string shiftJisFromEuc(std::string_view bytes)
 
 } // namespace
 
+void DoubleByteTable::markLeads(unsigned first, unsigned last)
+{
+    std::fill(single + first, single + last + 1, kLead);
+}
+
 void DoubleByteTable::enter(unsigned lead, unsigned trail, char16_t unit)
 {
-    single[lead] = kLead;
     pairs[(lead - 0x80) * 256 + trail] = unit;
     if (codes[unit] == 0)
         codes[unit] = static_cast<std::uint16_t>(lead << 8 | trail);

@@ -30,6 +30,8 @@ struct DoubleByteTable
     {
         return pairs[(lead - 0x80) * 256 + trail];
     }
+    /// Makes bytes begin a pair, also where none of their pairs names anything.
+    void markLeads(unsigned first, unsigned last);
     /// Makes the pair stand for the unit; the unit keeps the code it has.
     void enter(unsigned lead, unsigned trail, char16_t unit);
     void enterSingle(unsigned char byte, char16_t unit);

@@ -204,6 +204,9 @@ FileReplacement::FileReplacement(fs::path path, Scratch scratch)
     : target(followLinks(std::move(path)))
 {
     struct stat old;
+    std::error_code fault;
+    if (fs::is_symlink(target, fault))
+        return; // a ring of links
     const bool isThere = ::stat(target.c_str(), &old) == 0;
     if (isThere &&
         (S_ISDIR(old.st_mode) || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
