@@ -12,30 +12,66 @@ static_assert(std::endian::native == std::endian::little,
 
 namespace {
 
-constexpr WStringView kLineBreak = u"\r\n";
+constexpr char16_t kLineBreak[] = u"\r\n";
 /// No unit is written as more than this.
 constexpr std::size_t kLongestEscape = 6;
 
-/// The special units of a text or an attribute value and what each is written as.
+/// What a special unit is written as; copied whole, `length` of it count.
+struct Escape
+{
+    char16_t units[8];
+    std::size_t length;
+
+    template <std::size_t N>
+    constexpr Escape(const char16_t (&text)[N]) : units{}, length(N - 1)
+    {
+        static_assert(N - 1 <= kLongestEscape);
+        std::copy(text, text + N, units);
+    }
+};
+
+/// The special units of a text or an attribute value.
 struct EscapeSet
 {
     AnyUnitOf<6> special;
-    WStringView written[6];
+    Escape written[6];
 
-    WStringView writtenFor(char16_t unit) const
+    const Escape& writtenFor(char16_t unit) const
     {
         return written[std::find(std::begin(special.units), std::end(special.units), unit) -
                        std::begin(special.units)];
     }
 };
 
-constexpr EscapeSet kTextEscapes = {{{u'&', u'<', u'>', u'"', u'\'', u'\''}},
-                                    {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"&apos;", u"&apos;"}};
-constexpr EscapeSet kAttributeEscapes = {{{u'&', u'<', u'>', u'"', u'\n', u'\r'}},
-                                         {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"\\n", u""}};
+constexpr EscapeSet kTextEscapes = {
+    {{u'&', u'<', u'>', u'"', u'\'', u'\''}},
+    {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"&apos;", u"&apos;"},
+};
+constexpr EscapeSet kAttributeEscapes = {
+    {{u'&', u'<', u'>', u'"', u'\n', u'\r'}},
+    {u"&amp;", u"&lt;", u"&gt;", u"&quot;", u"\\n", u""},
+};
 
-/// Appends to a string of units or bytes. Between calls the string is longer than what was written,
-/// by at most about as much as this sink has put into it; the destructor cuts it.
+/// Short copies without a call.
+inline void copyUnits(char* to, const char16_t* from, std::size_t count)
+{
+    constexpr std::size_t kUnit = sizeof(char16_t);
+    if (count > 16) {
+        std::memcpy(to, from, count * kUnit);
+    } else if (count >= 8) {
+        std::memcpy(to, from, 8 * kUnit);
+        std::memcpy(to + (count - 8) * kUnit, from + count - 8, 8 * kUnit);
+    } else if (count >= 4) {
+        std::memcpy(to, from, 4 * kUnit);
+        std::memcpy(to + (count - 4) * kUnit, from + count - 4, 4 * kUnit);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            std::memcpy(to + i * kUnit, from + i, kUnit);
+    }
+}
+
+/// Appends to a string of units or bytes. Between calls the string is longer than what was written;
+/// the destructor cuts it.
 template <class Text>
 class UnitSink
 {
@@ -50,7 +86,15 @@ class UnitSink
     void put(WStringView text)
     {
         ensure(text.size());
-        putUnchecked(text);
+        copyUnits(at, text.data(), text.size());
+        at += text.size() * sizeof(char16_t);
+    }
+    template <std::size_t N>
+    void put(const char16_t (&literal)[N])
+    {
+        ensure(N - 1);
+        std::memcpy(at, literal, (N - 1) * sizeof(char16_t));
+        at += (N - 1) * sizeof(char16_t);
     }
     void putTabs(std::size_t count)
     {
@@ -78,19 +122,16 @@ class UnitSink
         if (units * sizeof(char16_t) > static_cast<std::size_t>(limit - at))
             grow(units * sizeof(char16_t));
     }
+    /// The string fills what it grows by, so it grows by little at first, and never by more than
+    /// stays in the caches until it is written.
     void grow(std::size_t bytes)
     {
-        constexpr std::size_t kLeast = 256;
+        constexpr std::size_t kLeast = 256, kMost = 64 * 1024;
         const std::size_t now = written();
-        const std::size_t larger = now + std::max({bytes, now - before, kLeast});
-        out.resize(larger / sizeof(typename Text::value_type) + 1);
+        const std::size_t step = std::max(bytes, std::clamp(now - before, kLeast, kMost));
+        out.resize((now + step) / sizeof(typename Text::value_type) + 1);
         at = bytesOf(out) + now;
         limit = bytesOf(out) + sizeOf(out);
-    }
-    void putUnchecked(WStringView text)
-    {
-        std::memcpy(at, text.data(), text.size() * sizeof(char16_t));
-        at += text.size() * sizeof(char16_t);
     }
     /// Copies and looks for specials in one go: what a copied vector holds behind its first special
     /// is written over.
@@ -99,28 +140,37 @@ class UnitSink
         ensure(text.size() * kLongestEscape + 8);
         const char16_t* from = text.data();
         const char16_t* const end = from + text.size();
+        char* to = at;
 #ifdef __SSE2__
         while (end - from >= 8) {
             const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(at), units);
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(to), units);
             const auto mask = static_cast<unsigned>(_mm_movemask_epi8(escapes.special(units)));
             if (mask == 0) {
                 from += 8;
-                at += 16;
+                to += 16;
                 continue;
             }
             const int clean = std::countr_zero(mask);
             from += clean / 2;
-            at += clean;
-            putUnchecked(escapes.writtenFor(*from++));
+            to = putEscape(to + clean, *from++, escapes);
         }
 #endif
         for (; from != end; ++from) {
-            if (escapes.special(*from))
-                putUnchecked(escapes.writtenFor(*from));
-            else
-                putUnchecked({from, 1});
+            if (escapes.special(*from)) {
+                to = putEscape(to, *from, escapes);
+                continue;
+            }
+            std::memcpy(to, from, sizeof(char16_t));
+            to += sizeof(char16_t);
         }
+        at = to;
+    }
+    static char* putEscape(char* to, char16_t unit, const EscapeSet& escapes)
+    {
+        const Escape& escape = escapes.writtenFor(unit);
+        std::memcpy(to, escape.units, sizeof(escape.units));
+        return to + escape.length * sizeof(char16_t);
     }
 
     Text& out;
@@ -163,7 +213,10 @@ void putStartTag(UnitSink<Text>& sink, const Element& node)
         putText(sink, attribute.value, EscapeIn::Attribute);
         sink.put(u"\"");
     }
-    sink.put(node.isSelfClosing() && node.getFirstChild() == nullptr ? u" />" : u">");
+    if (node.isSelfClosing() && node.getFirstChild() == nullptr)
+        sink.put(u" />");
+    else
+        sink.put(u">");
 }
 
 template <class Text>

@@ -85,6 +85,9 @@ constexpr Entity kEntities[] = {
 };
 // clang-format on
 
+/// What documents mostly hold, found without a search.
+constexpr Entity kCommonEntities[] = {{"lt", u'<'}, {"gt", u'>'}, {"amp", u'&'}, {"quot", u'"'}};
+
 constexpr bool before(const Entity& a, const Entity& b)
 {
     return a.name < b.name;
@@ -132,6 +135,10 @@ std::optional<char16_t> lookUpEntity(WStringView name)
                     [](char16_t unit) { return unit == 0 || unit >= 0x80; }))
         return std::nullopt;
     const std::uint64_t packed = pack(name);
+    for (const Entity& common : kCommonEntities) {
+        if (common.name == packed)
+            return common.unit;
+    }
     const auto* found =
         std::lower_bound(std::begin(kEntities), std::end(kEntities), packed,
                          [](const Entity& e, std::uint64_t wanted) { return e.name < wanted; });

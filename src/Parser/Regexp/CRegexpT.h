@@ -10,7 +10,8 @@ namespace varn {
 
 namespace regexp {
 struct Program;
-}
+class Replacement;
+} // namespace regexp
 
 /// A regular expression over UTF-16 units, compiled once and matched by backtracking.
 /// docs/regexp.md tells the syntax.
@@ -40,6 +41,8 @@ class CRegexpT
     /// 250 groups in one another.
     bool compile(WStringView pattern, int flags = 0);
     bool isEmpty() const { return program == nullptr; }
+    /// Why the last pattern did not compile, and at which unit; empty when it did.
+    const WString& getFault() const { return fault; }
 
     /// Capture groups, named ones included, numbered by their opening parentheses from 1.
     int getGroupCount() const;
@@ -76,7 +79,12 @@ class CRegexpT
     WString replace(CContext& context, WStringView replacement, int times = -1) const;
 
   private:
+    WString replaceForward(CContext& context, const regexp::Replacement& inserted, int times) const;
+    WString replaceBackward(CContext& context, const regexp::Replacement& inserted,
+                            int times) const;
+
     std::shared_ptr<const regexp::Program> program; // a copy of the object shares it
+    WString fault;
 };
 
 } // namespace varn

@@ -17,8 +17,8 @@ struct CaseRange
 };
 
 /// Simple case folding of the basic plane, in rising order, after the Unicode Character Database's
-/// CaseFolding.txt (statuses C and S). Letters beyond ASCII never fold into it: neither the Kelvin sign
-/// nor the long s is a letter of a keyword.
+/// CaseFolding.txt (statuses C and S). Letters beyond ASCII never fold into it: neither the Kelvin
+/// sign nor the long s is a letter of a keyword.
 std::span<const CaseRange> caseRanges();
 
 /// The unit that stands for all that differ in case only; for letters with two cases the small one.

@@ -37,7 +37,8 @@ const NamedClass* findNamedClass(WStringView name)
     return found == std::end(kClasses) ? nullptr : found;
 }
 
-/// Thrown where a class runs into the end of the pattern: the reading with nested classes was wrong.
+/// Thrown where a class runs into the end of the pattern: the reading with nested classes was
+/// wrong.
 struct Unclosed
 {};
 
@@ -46,8 +47,7 @@ class ClassReading
   public:
     ClassReading(PatternReader& reader, bool ignoreCase, bool nesting)
         : reader(reader), ignoreCase(ignoreCase), nesting(nesting)
-    {
-    }
+    {}
 
     ClassContents parse(int depth);
 

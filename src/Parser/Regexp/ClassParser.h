@@ -14,13 +14,15 @@ struct CodePointRange
 /// What stands between [ and ].
 struct ClassContents
 {
-    UnitSet units;                      ///< complemented already where the class is negated
-    std::vector<CodePointRange> beyond; ///< as written: surrogate pairs to take, or not to begin with
+    UnitSet units; ///< complemented already where the class is negated
+    std::vector<CodePointRange>
+        beyond; ///< as written: surrogate pairs to take, or not to begin with
     bool negated = false;
 };
 
 /// Reads a class; the reader stands behind its `[`. A `[` within opens a class of its own, whose
-/// characters are added; where such a class never closes, it is a literal, as everywhere else after it.
+/// characters are added; where such a class never closes, it is a literal, as everywhere else after
+/// it.
 /// @throws PatternException
 ClassContents parseClass(PatternReader& reader, bool ignoreCase);
 

@@ -85,9 +85,9 @@ NodeId NodeFactory::addPairs(const CodePointRange& range)
     std::vector<NodeId> rows;
     rows.push_back(addPairRow({leads.first, leads.first}, {first, 0xDFFF}));
     if (leads.first + 1 < leads.last)
-        rows.push_back(addPairRow({static_cast<char16_t>(leads.first + 1),
-                                   static_cast<char16_t>(leads.last - 1)},
-                                  {0xDC00, 0xDFFF}));
+        rows.push_back(addPairRow(
+            {static_cast<char16_t>(leads.first + 1), static_cast<char16_t>(leads.last - 1)},
+            {0xDC00, 0xDFFF}));
     rows.push_back(addPairRow({leads.last, leads.last}, {0xDC00, last}));
     return addAlternation(std::move(rows), 0);
 }
@@ -110,9 +110,9 @@ NodeId NodeFactory::addSequence(std::vector<NodeId> items, std::size_t position)
         const bool literal = node.kind == NodeKind::Literal;
         if (literal && !joined.empty() && pattern.nodes[joined.back()].kind == NodeKind::Literal) {
             if (!growing)
-                joined.back() = add({.kind = NodeKind::Literal,
-                                     .text = pattern.nodes[joined.back()].text},
-                                    position);
+                joined.back() =
+                    add({.kind = NodeKind::Literal, .text = pattern.nodes[joined.back()].text},
+                        position);
             pattern.nodes[joined.back()].text += pattern.nodes[item].text;
             growing = true;
             continue;

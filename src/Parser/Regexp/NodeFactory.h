@@ -4,8 +4,8 @@
 
 namespace varn::regexp {
 
-/// Adds nodes to a pattern in their simplest form: literals in a row are one, alternatives of one unit
-/// each are a set, a sequence of one is that one.
+/// Adds nodes to a pattern in their simplest form: literals in a row are one, alternatives of one
+/// unit each are a set, a sequence of one is that one.
 class NodeFactory
 {
   public:

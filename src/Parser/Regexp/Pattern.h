@@ -5,6 +5,7 @@
 #include "Util/Text.h"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -15,7 +16,8 @@ using NodeId = std::uint32_t;
 
 inline constexpr int kUnlimited = INT32_MAX;
 
-enum class NodeKind : std::uint8_t {
+enum class NodeKind : std::uint8_t
+{
     Empty,         ///< matches without taking anything
     Literal,       ///< `text`, one unit or more
     Set,           ///< one unit of `set`
@@ -31,12 +33,19 @@ enum class NodeKind : std::uint8_t {
     Boundary,      ///< `boundary` holds here
 };
 
-enum class Greed : std::uint8_t { Greedy, Reluctant, Possessive };
+enum class Greed : std::uint8_t
+{
+    Greedy,
+    Reluctant,
+    Possessive
+};
 
-enum class BoundaryKind : std::uint8_t {
+enum class BoundaryKind : std::uint8_t
+{
     TextBegin,    ///< `\A`, and `^` without multi-line
     TextEnd,      ///< `\z`
-    LastLineEnd,  ///< `\Z`, and `$` without multi-line: the end, or before a line end that ends the text
+    LastLineEnd,  ///< `\Z`, and `$` without multi-line: the end, or before a line end that ends the
+                  ///< text
     LineBegin,    ///< `^` with multi-line
     LineEnd,      ///< `$` with multi-line
     WordBoundary, ///< `\b`
@@ -61,14 +70,14 @@ struct Node
     std::vector<NodeId> children = {};
 };
 
-/// A pattern as a tree that no longer knows flags: what they ask for is spelled out in its nodes. The
-/// direction of matching is not part of it.
+/// A pattern as a tree that no longer knows flags: what they ask for is spelled out in its nodes.
+/// The direction of matching is not part of it.
 struct Pattern
 {
     std::vector<Node> nodes;
     NodeId root = 0;
-    std::vector<NodeId> groups;     ///< the Group node by number; groups[0] is the root
-    std::vector<WString> groupNames; ///< by number; empty for a group without name
+    std::vector<NodeId> groups;          ///< the Group node by number; groups[0] is the root
+    std::map<WString, int> groupNumbers; ///< by name
 
     int getGroupCount() const { return static_cast<int>(groups.size()) - 1; }
 };
@@ -79,8 +88,7 @@ class PatternException : public Exception
   public:
     PatternException(WString message, std::size_t position)
         : Exception(std::move(message)), position(position)
-    {
-    }
+    {}
     /// Units from the pattern's start.
     std::size_t getPosition() const { return position; }
 

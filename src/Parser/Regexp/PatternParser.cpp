@@ -4,7 +4,6 @@
 #include "Parser/Regexp/NodeFactory.h"
 
 #include <algorithm>
-#include <map>
 
 namespace varn::regexp {
 
@@ -25,11 +24,11 @@ class PatternParser
     PatternParser(WStringView text, int flags, const GroupTable* known)
         : reader(text, (flags & CRegexpT::kExtended) != 0), factory(pattern), flags(flags),
           known(known)
-    {
-    }
+    {}
 
     Pattern parse();
     bool hasReferences() const { return references; }
+    const GroupTable& getGroups() const { return found; }
 
   private:
     /// Counts a level of groups while it lives.
@@ -82,6 +81,7 @@ class PatternParser
     NodeFactory factory;
     int flags;
     const GroupTable* known; // null in the first reading
+    GroupTable found;
     bool references = false;
     int depth = 0;
 };
@@ -89,11 +89,11 @@ class PatternParser
 Pattern PatternParser::parse()
 {
     pattern.groups.push_back(0);
-    pattern.groupNames.emplace_back();
     pattern.root = parseAlternation();
     if (!reader.atEnd())
         reader.fail(u"There is a ) without its (");
     pattern.groups[0] = pattern.root;
+    pattern.groupNumbers = found.numbers;
     return std::move(pattern);
 }
 
@@ -199,11 +199,8 @@ NodeId PatternParser::parseQuantifiers(NodeId atom)
             greed = Greed::Reluctant;
         else if (reader.accept(u'+'))
             greed = Greed::Possessive;
-        atom = add({.kind = NodeKind::Repeat,
-                    .greed = greed,
-                    .min = min,
-                    .max = max,
-                    .children = {atom}});
+        atom = add(
+            {.kind = NodeKind::Repeat, .greed = greed, .min = min, .max = max, .children = {atom}});
     }
 }
 
@@ -263,7 +260,7 @@ NodeId PatternParser::parseGroupBody()
 {
     if (!reader.accept(u'?'))
         return parseCapture({});
-    if (reader.accept(u'=') )
+    if (reader.accept(u'='))
         return parseLook(false, false);
     if (reader.accept(u'!'))
         return parseLook(false, true);
@@ -287,21 +284,18 @@ NodeId PatternParser::parseGroupBody()
 
 NodeId PatternParser::parseCapture(const WString& name)
 {
+    const int number = ++found.count;
     if (!name.empty()) {
         if (isDigit(name[0]))
             reader.fail(u"A group's name begins with a digit");
-        if (std::find(pattern.groupNames.begin(), pattern.groupNames.end(), name) !=
-            pattern.groupNames.end())
+        if (!found.numbers.emplace(name, number).second)
             reader.fail(u"Two groups have the name " + name);
     }
-    const auto number = pattern.groups.size();
     pattern.groups.push_back(0);
-    pattern.groupNames.push_back(name);
     const NodeId child = parseAlternation();
     closeGroup();
-    const NodeId group = add(
-        {.kind = NodeKind::Group, .number = static_cast<int>(number), .children = {child}});
-    pattern.groups[number] = group;
+    const NodeId group = add({.kind = NodeKind::Group, .number = number, .children = {child}});
+    pattern.groups[static_cast<std::size_t>(number)] = group;
     return group;
 }
 
@@ -330,9 +324,8 @@ NodeId PatternParser::parseInlineFlags()
     for (;;) {
         if (on && reader.accept(u'-'))
             on = false;
-        const auto* row = std::find_if(std::begin(kFlags), std::end(kFlags), [&](const auto& row) {
-            return reader.accept(row.letter);
-        });
+        const auto* row = std::find_if(std::begin(kFlags), std::end(kFlags),
+                                       [&](const auto& row) { return reader.accept(row.letter); });
         if (row == std::end(kFlags))
             break;
         flags = on ? flags | row->flag : flags & ~row->flag;
@@ -375,7 +368,8 @@ NodeId PatternParser::parseCondition()
     return add(std::move(node));
 }
 
-/// `1)`, `<name>)`, `'name')` or the bare name of a group; anything else is left to be read as a look.
+/// `1)`, `<name>)`, `'name')` or the bare name of a group; anything else is left to be read as a
+/// look.
 std::optional<int> PatternParser::parseGroupTest()
 {
     const PatternReader before = reader;
@@ -385,8 +379,8 @@ std::optional<int> PatternParser::parseGroupTest()
         return resolve(name);
     }
     WString name;
-    while (!reader.atEnd() && (isLetter(reader.peek()) || isDigit(reader.peek()) ||
-                               reader.peek() == u'_'))
+    while (!reader.atEnd() &&
+           (isLetter(reader.peek()) || isDigit(reader.peek()) || reader.peek() == u'_'))
         name += reader.take();
     if (!name.empty() && reader.accept(u')')) {
         references = true;
@@ -446,10 +440,10 @@ int PatternParser::resolve(const WString& reference)
         return 0;
     if (isDigit(reference[0]))
         return resolveNumber(reference);
-    const auto found = known->numbers.find(reference);
-    if (found == known->numbers.end())
+    const auto group = known->numbers.find(reference);
+    if (group == known->numbers.end())
         reader.fail(u"There is no group " + reference);
-    return found->second;
+    return group->second;
 }
 
 int PatternParser::resolveNumber(const WString& digits)
@@ -459,17 +453,6 @@ int PatternParser::resolveNumber(const WString& digits)
     if (!number.atEnd() || group > known->count)
         reader.fail(u"There is no group " + digits);
     return group;
-}
-
-GroupTable groupsOf(const Pattern& pattern)
-{
-    GroupTable table;
-    table.count = pattern.getGroupCount();
-    for (int number = 1; number <= table.count; ++number)
-        if (const WString& name = pattern.groupNames[static_cast<std::size_t>(number)];
-            !name.empty())
-            table.numbers.emplace(name, number);
-    return table;
 }
 
 } // namespace
@@ -482,8 +465,7 @@ Pattern parsePattern(WStringView text, int flags)
     Pattern pattern = first.parse();
     if (!first.hasReferences())
         return pattern;
-    const GroupTable groups = groupsOf(pattern);
-    return PatternParser(text, flags, &groups).parse();
+    return PatternParser(text, flags, &first.getGroups()).parse();
 }
 
 } // namespace varn::regexp

@@ -5,7 +5,7 @@
 namespace varn::regexp {
 
 inline constexpr std::size_t kLongestPattern = 65535; // units
-inline constexpr int kDeepestNesting = 250;           // groups, classes and quantifiers in one another
+inline constexpr int kDeepestNesting = 250; // groups, classes and quantifiers in one another
 
 /// Reads a pattern. @param flags  of CRegexpT::Flag; the direction is left to who compiles the tree
 /// @throws PatternException  the pattern is not well formed, too long or nested too deeply

@@ -32,8 +32,7 @@ bool isDigit(char16_t unit)
 char32_t PatternReader::takeCodePoint()
 {
     const char16_t unit = take();
-    const bool paired =
-        (unit & 0xFC00) == 0xD800 && !atEnd() && (peek() & 0xFC00) == 0xDC00;
+    const bool paired = (unit & 0xFC00) == 0xD800 && !atEnd() && (peek() & 0xFC00) == 0xDC00;
     return paired ? 0x10000 + ((unit & 0x3FFu) << 10) + (take() & 0x3FFu) : unit;
 }
 

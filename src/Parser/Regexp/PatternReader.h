@@ -4,8 +4,8 @@
 
 namespace varn::regexp {
 
-/// A cursor over a pattern's text. Keeps what is in force across its syntax: the quote `\Q`, the case
-/// switches `\L` and `\U`, extended mode. A copy remembers a place to come back to.
+/// A cursor over a pattern's text. Keeps what is in force across its syntax: the quote `\Q`, the
+/// case switches `\L` and `\U`, extended mode. A copy remembers a place to come back to.
 class PatternReader
 {
   public:
@@ -48,7 +48,12 @@ class PatternReader
     [[noreturn]] void fail(WString message) const;
 
   private:
-    enum class Case : std::uint8_t { AsWritten, Lower, Upper };
+    enum class Case : std::uint8_t
+    {
+        AsWritten,
+        Lower,
+        Upper
+    };
 
     bool skipSwitch();
     void skipComment();
