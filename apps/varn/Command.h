@@ -15,14 +15,16 @@ class Arguments;
 class Context;
 
 /// What a call ends with; the driver's exit status.
-enum class Status : int {
+enum class Status : int
+{
     Done = 0,
     Failed = 1, ///< the operation reported a failure
     Usage = 2,  ///< the words of the call are wrong
 };
 
 /// What a word stands for: how it is checked, and what the shell offers for it.
-enum class Takes {
+enum class Takes
+{
     Text,      ///< anything
     Integer,   ///< decimal or 0x..., from `least` to `most`
     Choice,    ///< one of `choices`
@@ -32,7 +34,8 @@ enum class Takes {
     TableFile, ///< a file name of the data folder; not checked
 };
 
-enum class Occurs {
+enum class Occurs
+{
     Once,
     Optional,
     Repeated, ///< once or more; the last argument only
@@ -70,14 +73,19 @@ struct Option
 
 /// How far the session must have come before a command runs. What costs nothing asks for nothing:
 /// only `Whole` takes the lock of the one instance, makes the temporary folder and loads tables.
-enum class Needs {
+enum class Needs
+{
     Nothing,
     Project, ///< the folder of the maps, as the settings tell it
     Texts,   ///< and the language document and the string tables
     Whole,   ///< the start-up sequence to its end
 };
 
-enum class Where { Anywhere, BatchOnly };
+enum class Where
+{
+    Anywhere,
+    BatchOnly
+};
 
 /// One command: its words, what it takes and what it does. The parser, `--help`, the man page and
 /// the shells' completion all read this.
@@ -103,6 +111,7 @@ struct Command
 #define VARN_COMMAND_GROUPS(X)                                                                     \
     X(sessionCommands, "Project and session")                                                      \
     X(mapCommands, "Maps")                                                                         \
+    X(pictureCommands, "Pictures, views and printed maps")                                         \
     X(tableCommands, "Tables and texts")                                                           \
     X(fileCommands, "Documents and text files")                                                    \
     X(archiveCommands, "Game archives")                                                            \

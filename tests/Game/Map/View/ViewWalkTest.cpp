@@ -93,7 +93,7 @@ class ViewWalk : public ::testing::Test
     {
         WizFloorList::instance().clear();
         for (const auto& [warp, dark] : {std::pair(true, false), {false, true}})
-            WizFloorList::instance().add(std::make_unique<WizFloorData>(kind(warp, dark)));
+            WizFloorList::instance().add(kind(warp, dark));
         map.cols = 10;
         map.rows = 8;
     }
