@@ -24,12 +24,15 @@ function(varn_test name)
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
 
-# varn_fuzz(NAME LINK Folder ...): fuzz/NAME.cpp, with its seeds in fuzz/corpus/NAME.
+# varn_fuzz(NAME LINK Folder ...): fuzz/NAME.cpp, with its seeds in fuzz/corpus/NAME; one entry of ctest,
+# which runs the seeds and then FUZZ_SECONDS of new inputs.
 function(varn_fuzz name)
   cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
   add_executable(fuzz_${name} ${name}.cpp)
   target_link_libraries(fuzz_${name} PRIVATE varn_options ${ARG_LINK})
   target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  add_test(NAME fuzz_${name} COMMAND sh "${PROJECT_SOURCE_DIR}/fuzz/round.sh" $<TARGET_FILE:fuzz_${name}>
+    "${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name}")
 endfunction()
 
 # varn_bench(NAME SOURCES a.cpp ... LINK Folder ... )

@@ -194,6 +194,8 @@ class QtRaster : public Raster
         static char name[] = "varn";
         static char* arguments[] = {name, nullptr};
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // What the library says of its surroundings is nothing for whoever asked for a picture.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         // Never destroyed: fonts kept in static caches outlive main.
         new QGuiApplication(count, arguments);
     }
