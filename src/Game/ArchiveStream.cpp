@@ -12,7 +12,7 @@
 namespace varn::archive {
 
 ArchiveStream::ArchiveStream(FileReplacement& file)
-    : file(file), block(std::make_unique_for_overwrite<std::byte[]>(kBlockSize))
+    : file(file), block(std::make_unique_for_overwrite<Block>())
 {}
 
 bool ArchiveStream::advance(std::size_t count)
@@ -40,7 +40,7 @@ bool ArchiveStream::patch(std::uint64_t offset, std::uint32_t value)
     for (int i = 0; i < 4; ++i, ++offset, value >>= 8) {
         std::byte byte{static_cast<std::uint8_t>(value)};
         if (offset >= blockStart) {
-            block[offset - blockStart] = byte;
+            block->bytes[offset - blockStart] = byte;
             continue;
         }
         scramble(std::span(&byte, 1), offset - kBodyOffset);
@@ -52,7 +52,7 @@ bool ArchiveStream::patch(std::uint64_t offset, std::uint32_t value)
 
 bool ArchiveStream::flush()
 {
-    const std::span<std::byte> bytes(block.get(), filled);
+    const std::span<std::byte> bytes(block->bytes, filled);
     const std::size_t head = blockStart == 0 ? std::min(kBodyOffset, filled) : 0;
     scramble(bytes.subspan(head), blockStart + head - kBodyOffset);
     if (!file.write(bytes))
