@@ -10,12 +10,17 @@ namespace varn::driver {
 namespace {
 
 constexpr Option kGlobals[] = {
-    {"--settings", "FILE", "read and write the settings in FILE, not in mapeditor.ini beside the program",
-     Takes::File},
+    {"--settings", "FILE",
+     "read and write the settings in FILE, not in mapeditor.ini beside the program", Takes::File},
     {.name = "--yes", .help = "answer every question with Yes, not with No", .letter = 'y'},
     {.name = "--json", .help = "print records and lists as JSON"},
-    {"--seed", "N", "make the run repeatable: the first word of the random source", Takes::Integer,
-     {}, 0, UINT32_MAX},
+    {"--seed",
+     "N",
+     "make the run repeatable: the first word of the random source",
+     Takes::Integer,
+     {},
+     0,
+     UINT32_MAX},
     {.name = "--help", .help = "print help and end", .letter = 'h'},
     {.name = "--version", .help = "print the version and end"},
 };
@@ -149,7 +154,8 @@ class OptionReader
             std::string name(row.name);
             if (row.letter)
                 name = std::string("-") + row.letter + "," + name;
-            CLI::Option* const option = row.value.empty() ? app.add_flag(name) : addValued(name, row);
+            CLI::Option* const option =
+                row.value.empty() ? app.add_flag(name) : addValued(name, row);
             rows[option] = &row;
         }
     }
@@ -170,8 +176,8 @@ class OptionReader
                 isMarked = true;
                 continue;
             }
-            const bool isOption = !isMarked && word.size() > 1 && word[0] == '-' &&
-                                  (word[1] < '0' || word[1] > '9');
+            const bool isOption =
+                !isMarked && word.size() > 1 && word[0] == '-' && (word[1] < '0' || word[1] > '9');
             if (isOption)
                 throw UsageError("there is no option '" + word + "' here", command);
             plain.push_back(std::move(word));
@@ -184,8 +190,7 @@ class OptionReader
     std::map<const CLI::Option*, const Option*> rows;
 };
 
-void addArguments(Arguments& arguments, const Command& command,
-                  std::span<const std::string> values)
+void addArguments(Arguments& arguments, const Command& command, std::span<const std::string> values)
 {
     std::size_t at = 0;
     for (const Argument& row : command.arguments) {
@@ -232,8 +237,7 @@ Call parseCall(const std::vector<std::string>& words, const GlobalOptions& globa
 {
     const Called called = findCalled(leadingWords(words));
     Call call{called.command, called.group, {}, globals};
-    const std::vector<std::string> plain =
-        OptionReader(called.command).read(words, call.arguments);
+    const std::vector<std::string> plain = OptionReader(called.command).read(words, call.arguments);
     applyGlobals(call);
     if (call.help || call.version)
         return call;

@@ -25,6 +25,16 @@ CommandTarget& Context::frame()
     return *target;
 }
 
+void Context::printRecords(const Json& list)
+{
+    json() ? output.json(list) : output.records(list);
+}
+
+void Context::printRecord(const Json& fields)
+{
+    json() ? output.json(fields) : output.record(fields);
+}
+
 Status Context::run(const std::vector<std::string>& words)
 {
     const GlobalOptions before = globals;
@@ -47,8 +57,8 @@ Status Context::runCall(const Call& call)
         return Status::Done;
     }
     if (call.help) {
-        output.line(std::string_view(call.command ? commandHelp(*call.command)
-                                                  : driverHelp(call.group)));
+        output.line(
+            std::string_view(call.command ? commandHelp(*call.command) : driverHelp(call.group)));
         return Status::Done;
     }
     adopt(call);

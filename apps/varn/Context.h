@@ -18,6 +18,9 @@ class Context
     Output& out() { return output; }
     /// Records and lists are asked for as JSON.
     bool json() const { return globals.json; }
+    /// A list of flat records, or one, in the form that is asked for: lines or JSON.
+    void printRecords(const Json& list);
+    void printRecord(const Json& fields);
     /// The session, come as far as the command's row asks. Its settings are always there.
     ProjectSession& session();
     /// The frame that commands by number act on.

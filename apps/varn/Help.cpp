@@ -235,8 +235,8 @@ void printUsage(const UsageError& fault)
         for (const Group& group : commandGroups())
             for (const Command& command : group.commands())
                 if (isOfGroup(command, fault.group))
-                    usage += (usage.empty() ? "Usage: varn " : "       varn ") +
-                             synopsis(command) + "\n";
+                    usage += (usage.empty() ? "Usage: varn " : "       varn ") + synopsis(command) +
+                             "\n";
     } else {
         usage = "Usage: varn [OPTION...] COMMAND [WORD...]\n'varn --help' lists the commands.\n";
     }

@@ -141,8 +141,8 @@ The archive of a finished game. The loaders look into it where a plain file is m
 
 std::string manPage()
 {
-    std::string page = ".\\\" Made by 'varn man'.\n.TH VARN 1 \"\" \"" +
-                       escaped(versionLine()) + "\" \"Varn's MapEditor\"\n" +
+    std::string page = ".\\\" Made by 'varn man'.\n.TH VARN 1 \"\" \"" + escaped(versionLine()) +
+                       "\" \"Varn's MapEditor\"\n" +
                        ".SH NAME\nvarn \\- make and check games of Varn's MapEditor without a "
                        "window\n.SH SYNOPSIS\n.B varn\n[\\fIOPTION\\fR...] \\fICOMMAND\\fR "
                        "[\\fIWORD\\fR...]\n";

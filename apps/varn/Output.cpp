@@ -49,6 +49,29 @@ void Output::json(const Json& value)
     line(std::string_view(value.dump(2)));
 }
 
+static std::string plainValue(const Json& value)
+{
+    if (value.is_null())
+        return "-";
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+void Output::records(const Json& list)
+{
+    for (const Json& fields : list) {
+        std::string text;
+        for (const Json& value : fields)
+            text += (text.empty() ? "" : " ") + plainValue(value);
+        line(std::string_view(text));
+    }
+}
+
+void Output::record(const Json& fields)
+{
+    for (const auto& [key, value] : fields.items())
+        line(std::string_view(key + ": " + plainValue(value)));
+}
+
 std::string jsonText(WStringView text)
 {
     return toUtf8(text);

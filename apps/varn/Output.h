@@ -11,8 +11,8 @@ namespace varn::driver {
 
 using Json = nlohmann::ordered_json;
 
-/// Standard output: UTF-8 with LF line ends. It is flushed before anything goes to standard error, so
-/// the two keep their order where they meet.
+/// Standard output: UTF-8 with LF line ends. It is flushed before anything goes to standard error,
+/// so the two keep their order where they meet.
 class Output
 {
   public:
@@ -25,6 +25,10 @@ class Output
     void bytes(ByteSpan bytes);
     /// A value, indented by two blanks, and a line end.
     void json(const Json& value);
+    /// A list of flat records, a line each: the values with blanks between, a minus for null.
+    void records(const Json& list);
+    /// One flat record: a line "KEY: VALUE" a value.
+    void record(const Json& fields);
 
     void flush() { std::fflush(stdout); }
     /// False once anything could not be written: a full disk, a closed pipe.

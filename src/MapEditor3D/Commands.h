@@ -7,8 +7,8 @@
 
 namespace varn {
 
-/// What commands act on: the frame of either program. As it stands it is the frame without a window:
-/// what acts on session and open map is done, what would show a window does nothing.
+/// What commands act on: the frame of either program. As it stands it is the frame without a
+/// window: what acts on session and open map is done, what would show a window does nothing.
 class CommandTarget
 {
   public:

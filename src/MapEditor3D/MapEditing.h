@@ -5,11 +5,23 @@
 namespace varn {
 
 /// The drawing tools of the map editor, by their command numbers.
-enum class EditorTool { Pen = 3, Rectangle = 4, Point = 5 };
+enum class EditorTool
+{
+    Pen = 3,
+    Rectangle = 4,
+    Point = 5
+};
 
 /// The layers a stroke goes to, in the order of the five layer tools (commands 9 to 13) and of the
 /// settings' `SelectedLayer`.
-enum class EditorLayer { Floor = 0, Wall = 1, Third = 2, Event = 3, Area = 4 };
+enum class EditorLayer
+{
+    Floor = 0,
+    Wall = 1,
+    Third = 2,
+    Event = 3,
+    Area = 4
+};
 
 /// What session and commands ask of the editor of the open map. The editor of either program
 /// implements it; without one there is no open map, and what would act on it does nothing.

@@ -10,10 +10,10 @@ namespace varn {
 /// An item of the main menu as it is shown.
 struct MenuEntry
 {
-    WString text;      ///< title, " (hotkey)", a tab and the shortcut's keys
-    WString shortcut;  ///< "Ctrl+S"; empty for none
-    int command = 0;   ///< 0: none, it does nothing by itself
-    int argument = 0;  ///< handed to the command; of a language its place in the list
+    WString text;     ///< title, " (hotkey)", a tab and the shortcut's keys
+    WString shortcut; ///< "Ctrl+S"; empty for none
+    int command = 0;  ///< 0: none, it does nothing by itself
+    int argument = 0; ///< handed to the command; of a language its place in the list
     bool checked = false;
     std::vector<MenuEntry> children;
 };

@@ -175,8 +175,7 @@ bool ProjectSession::makeTempFolder(TempFolder folder)
 
 void ProjectSession::restoreFrame()
 {
-    systemCoordinateEnabled =
-        settings.getSettingInt(u"View", u"SystemCoordinateEnabled", 1) != 0;
+    systemCoordinateEnabled = settings.getSettingInt(u"View", u"SystemCoordinateEnabled", 1) != 0;
     tileScaleCount = settings.getSettingInt(u"View", u"TileScaleCount", 0);
     applyZoom();
     openProject();

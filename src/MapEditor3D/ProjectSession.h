@@ -27,7 +27,8 @@ class ProjectSession
   public:
     /// Whether this run has a window that another could bring forward. Without one it never gives
     /// way to a run that is open already.
-    enum class Presence {
+    enum class Presence
+    {
         Window,
         Headless
     };

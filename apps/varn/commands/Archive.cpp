@@ -29,14 +29,9 @@ Status list(Context& context, const Arguments& arguments)
     GameResourceFile archive;
     const bool isWhole = loadArchive(archive, arguments.text("FILE"));
     Json entries = Json::array();
-    for (const GameResourceFile::ResourceData& entry : archive.getResources()) {
-        if (context.json())
-            entries.push_back({{"size", entry.size}, {"name", jsonText(entry.name)}});
-        else
-            context.out().line(std::to_string(entry.size) + " " + toUtf8(entry.name));
-    }
-    if (context.json())
-        context.out().json(entries);
+    for (const GameResourceFile::ResourceData& entry : archive.getResources())
+        entries.push_back({{"size", entry.size}, {"name", jsonText(entry.name)}});
+    context.printRecords(entries);
     return isWhole ? Status::Done : Status::Failed;
 }
 
@@ -44,11 +39,10 @@ Status get(Context& context, const Arguments& arguments)
 {
     GameResourceFile archive;
     const bool isWhole = loadArchive(archive, arguments.text("FILE"));
-    const GameResourceFile::ResourceData* const entry =
-        archive.getResource(arguments.text("NAME"));
+    const GameResourceFile::ResourceData* const entry = archive.getResource(arguments.text("NAME"));
     if (!entry) {
-        context.complain(arguments.utf8("FILE") + ": there is no entry '" +
-                         arguments.utf8("NAME") + "'");
+        context.complain(arguments.utf8("FILE") + ": there is no entry '" + arguments.utf8("NAME") +
+                         "'");
         return Status::Failed;
     }
     context.out().bytes(entry->data);
@@ -86,8 +80,7 @@ Status make(Context& context, const Arguments& arguments)
             !addEntry(context, archive, given))
             return Status::Failed;
     Progress progress(context.out());
-    return archive.save(arguments.text("OUT"), progress.callback()) ? Status::Done
-                                                                    : Status::Failed;
+    return archive.save(arguments.text("OUT"), progress.callback()) ? Status::Done : Status::Failed;
 }
 
 constexpr Argument kListWords[] = {{"FILE", "the archive", Takes::File}};
@@ -97,9 +90,13 @@ constexpr Argument kGetWords[] = {
 };
 constexpr Argument kMakeWords[] = {{"OUT", "the archive to write", Takes::File}};
 constexpr Option kMakeOptions[] = {
-    {.name = "--text", .value = "NAME=FILE", .help = "an entry with the text of FILE",
+    {.name = "--text",
+     .value = "NAME=FILE",
+     .help = "an entry with the text of FILE",
      .repeated = true},
-    {.name = "--file", .value = "NAME=PATH", .help = "an entry with the bytes of PATH",
+    {.name = "--file",
+     .value = "NAME=PATH",
+     .help = "an entry with the bytes of PATH",
      .repeated = true},
 };
 
@@ -122,7 +119,8 @@ constexpr Command kCommands[] = {
      .options = kMakeOptions,
      .run = make,
      .details = "The entries stand in the order of the options.",
-     .examples = "archive make game.gamedata --text Game.ini=game.ini --file logo.png=art/logo.png"},
+     .examples =
+         "archive make game.gamedata --text Game.ini=game.ini --file logo.png=art/logo.png"},
 };
 
 } // namespace

@@ -13,17 +13,10 @@ namespace {
 void printText(Context& context, const TextDocument& document)
 {
     const LineIndex& lines = document.getLines();
-    const Json record = {{"encoding", jsonText(encodingName(document.getEncoding()))},
+    context.printRecord({{"encoding", jsonText(encodingName(document.getEncoding()))},
                          {"lineEnding", jsonText(lines.getLineEndingText())},
                          {"lines", lines.getLineCount()},
-                         {"length", document.getLength()}};
-    if (context.json()) {
-        context.out().json(record);
-        return;
-    }
-    for (const auto& [key, value] : record.items())
-        context.out().line(key + ": " +
-                           (value.is_string() ? value.get<std::string>() : value.dump()));
+                         {"length", document.getLength()}});
 }
 
 Status xml(Context& context, const Arguments& arguments)
@@ -91,10 +84,14 @@ constexpr Option kXmlOptions[] = {
 
 constexpr Option kTextOptions[] = {
     {"--save", "OUT", "write the text to OUT", Takes::File},
-    {"--encoding", "N",
+    {"--encoding",
+     "N",
      "the encoding to write: 0 ANSI, 1 Unicode, 2 UTF-16BE, 3 UTF-8, 4 UTF-8 with mark, "
      "5 Shift_JIS, 6 BIG5, 7 EUC_JP, 9 ISO-2022-JP; else the one found",
-     Takes::Integer, {}, -1, 9},
+     Takes::Integer,
+     {},
+     -1,
+     9},
 };
 
 constexpr Command kCommands[] = {

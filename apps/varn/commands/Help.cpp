@@ -1,5 +1,5 @@
-#include "Context.h"
 #include "Help.h"
+#include "Context.h"
 
 namespace varn::driver {
 

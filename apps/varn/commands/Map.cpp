@@ -1,9 +1,12 @@
 #include "Context.h"
+#include "Game/Map/MapFile.h"
 #include "Game/Map/MapTree.h"
 #include "Game/Map/WizMap.h"
 #include "MapAsJson.h"
 #include "MapEditor3D/generators/DungeonGenerator.h"
+#include "Util/File.h"
 #include "Util/Host.h"
+#include "Util/ProjectPath.h"
 
 #include <nlohmann/json.hpp>
 
@@ -49,10 +52,9 @@ Status transformMap(Context& context, const Arguments& arguments, Change change)
         const WizMap before = map;
         change(map);
         return map.cols != before.cols || map.rows != before.rows || map.cells != before.cells ||
-               !std::equal(map.events.list().begin(), map.events.list().end(),
-                           before.events.list().begin(), [](const auto& a, const auto& b) {
-                               return a->x == b->x && a->y == b->y;
-                           });
+               !std::equal(
+                   map.events.list().begin(), map.events.list().end(), before.events.list().begin(),
+                   [](const auto& a, const auto& b) { return a->x == b->x && a->y == b->y; });
     });
 }
 
@@ -81,6 +83,7 @@ Status newMap(Context& context, const Arguments& arguments)
     WizMap map;
     map.cols = number(arguments, "COLS");
     map.rows = number(arguments, "ROWS");
+    createDirectories(resolveProjectPath(kDungeonFolder));
     if (arguments.has("--add")) {
         MapHierarchy& tree = context.session().getHierarchy();
         if (!mapTree::createMap(tree, std::nullopt, name, map))
@@ -223,7 +226,12 @@ constexpr Argument kShiftWords[] = {
 constexpr Option kGenerateOptions[] = {
     {"--layout", "LAYOUT", "how rooms are placed", Takes::Choice, "random|symmetric"},
     {"--deadends", "KIND", "what becomes of dead ends", Takes::Choice, "none|door|asis"},
-    {"--passageway", "N", "how straight passages run, 40 where not given", Takes::Integer, {}, 0,
+    {"--passageway",
+     "N",
+     "how straight passages run, 40 where not given",
+     Takes::Integer,
+     {},
+     0,
      100},
 };
 

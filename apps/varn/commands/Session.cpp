@@ -15,14 +15,9 @@ namespace {
 Status start(Context& context, const Arguments&)
 {
     Json list = Json::array();
-    for (const LoadedTable& table : context.session().getStartTables()) {
-        if (context.json())
-            list.push_back({{"fileName", jsonText(table.fileName)}, {"rows", table.rows}});
-        else
-            context.out().line(toUtf8(table.fileName) + " " + std::to_string(table.rows));
-    }
-    if (context.json())
-        context.out().json(list);
+    for (const LoadedTable& table : context.session().getStartTables())
+        list.push_back({{"fileName", jsonText(table.fileName)}, {"rows", table.rows}});
+    context.printRecords(list);
     return Status::Done;
 }
 
@@ -46,16 +41,10 @@ Status setSetting(Context& context, const Arguments& arguments)
 Status listCommands(Context& context, const Arguments&)
 {
     Json list = Json::array();
-    for (const varn::Command& command : commandTable()) {
-        if (command.name.empty())
-            continue;
-        if (context.json())
+    for (const varn::Command& command : commandTable())
+        if (!command.name.empty())
             list.push_back({{"number", command.number}, {"name", jsonText(command.name)}});
-        else
-            context.out().line(std::to_string(command.number) + " " + toUtf8(command.name));
-    }
-    if (context.json())
-        context.out().json(list);
+    context.printRecords(list);
     return Status::Done;
 }
 
@@ -130,19 +119,13 @@ Status hierarchy(Context& context, const Arguments&)
     Json list = Json::array();
     for (std::size_t index = 0; index < tree.size(); ++index) {
         const MapHierarchy::Entry& entry = tree.at(index);
-        const std::string kind = entry.isFolder() ? "folder" : "map";
-        if (context.json())
-            list.push_back({{"index", index},
-                            {"depth", entry.depth},
-                            {"id", entry.id},
-                            {"kind", kind},
-                            {"name", jsonText(entry.name)}});
-        else
-            context.out().line(std::to_string(index) + " " + std::to_string(entry.depth) + " " +
-                               std::to_string(entry.id) + " " + kind + " " + toUtf8(entry.name));
+        list.push_back({{"index", index},
+                        {"depth", entry.depth},
+                        {"id", entry.id},
+                        {"kind", entry.isFolder() ? "folder" : "map"},
+                        {"name", jsonText(entry.name)}});
     }
-    if (context.json())
-        context.out().json(list);
+    context.printRecords(list);
     return Status::Done;
 }
 
@@ -205,8 +188,11 @@ constexpr Argument kExportWords[] = {
     {"DIR", "folder for the finished game; it must exist", Takes::Folder},
 };
 constexpr Option kExportOptions[] = {
-    {.name = "--without", .value = "NAME", .help = "leave this map out of the archive",
-     .takes = Takes::Map, .repeated = true},
+    {.name = "--without",
+     .value = "NAME",
+     .help = "leave this map out of the archive",
+     .takes = Takes::Map,
+     .repeated = true},
 };
 
 constexpr Command kCommands[] = {
@@ -225,9 +211,7 @@ constexpr Command kCommands[] = {
      .arguments = kSetWords,
      .run = setSetting,
      .examples = "settings set View Language Languages/English.xml"},
-    {.words = "commands",
-     .summary = "list the editor's commands by number",
-     .run = listCommands},
+    {.words = "commands", .summary = "list the editor's commands by number", .run = listCommands},
     {.words = "command",
      .summary = "do what the editor does on a command",
      .arguments = kCommandWords,

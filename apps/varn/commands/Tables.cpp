@@ -4,21 +4,19 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-
 namespace varn::driver {
 
 namespace {
 
-std::string orMinus(WStringView text)
+/// Null for what a table does not have.
+Json orNull(WStringView text)
 {
-    return text.empty() ? "-" : toUtf8(text);
+    return text.empty() ? Json() : Json(jsonText(text));
 }
 
-std::string recordSize(const GameTable& table)
+Json orNull(std::size_t size)
 {
-    const std::size_t size = table.getFieldTable().recordSize;
-    return size == 0 ? "-" : std::to_string(size);
+    return size == 0 ? Json() : Json(size);
 }
 
 Status listTables(Context& context, const Arguments&)
@@ -26,19 +24,13 @@ Status listTables(Context& context, const Arguments&)
     Json list = Json::array();
     for (const GameTable* const table : knownTables()) {
         const TableInfo& info = table->getInfo();
-        if (context.json())
-            list.push_back({{"className", jsonText(info.className)},
-                            {"tagName", jsonText(info.tagName)},
-                            {"datName", jsonText(info.datName)},
-                            {"dataSize", table->getFieldTable().recordSize},
-                            {"minRows", info.minRows}});
-        else
-            context.out().line(toUtf8(info.className) + " " + orMinus(info.tagName) + " " +
-                               orMinus(info.datName) + " " + recordSize(*table) + " " +
-                               std::to_string(info.minRows));
+        list.push_back({{"className", jsonText(info.className)},
+                        {"tagName", orNull(info.tagName)},
+                        {"datName", orNull(info.datName)},
+                        {"dataSize", orNull(table->getFieldTable().recordSize)},
+                        {"minRows", info.minRows}});
     }
-    if (context.json())
-        context.out().json(list);
+    context.printRecords(list);
     return Status::Done;
 }
 
@@ -66,8 +58,7 @@ Status showTable(Context& context, const Arguments& arguments)
     if (!file)
         throw UsageError("no table has the file '" + arguments.utf8("FILE") + "'",
                          findDriverCommand("table"));
-    const auto minRows =
-        static_cast<std::size_t>(arguments.integer("MINROWS", ownMinimum(*file)));
+    const auto minRows = static_cast<std::size_t>(arguments.integer("MINROWS", ownMinimum(*file)));
     bool isDone = file->load(fileName, minRows);
     context.out().text(file->compose());
     if (arguments.has("--save"))
@@ -89,8 +80,13 @@ Status defaultText(Context& context, const Arguments& arguments)
 
 constexpr Argument kTableWords[] = {
     {"FILE", "the table's file name: State.dat, States.xml, TrapList.xml", Takes::TableFile},
-    {"MINROWS", "pad with blank rows up to this many; else the table's own minimum",
-     Takes::Integer, Occurs::Optional, {}, 0, kMaximumRows},
+    {"MINROWS",
+     "pad with blank rows up to this many; else the table's own minimum",
+     Takes::Integer,
+     Occurs::Optional,
+     {},
+     0,
+     kMaximumRows},
 };
 constexpr Option kTableOptions[] = {
     {.name = "--save", .help = "write the document to the data folder"},

@@ -8,8 +8,11 @@ void addValueCases(std::string& out, std::string_view indent, std::span<const Op
 {
     for (const Option& option : options)
         if (!option.value.empty())
-            out.append(indent).append("    ").append(option.name).append(") value=").append(
-                quoted(offer(option)) + " ;;\n");
+            out.append(indent)
+                .append("    ")
+                .append(option.name)
+                .append(") value=")
+                .append(quoted(offer(option)) + " ;;\n");
 }
 
 void addBashCommand(std::string& out, const Command& command)
@@ -32,7 +35,8 @@ void addBashCommand(std::string& out, const Command& command)
     out += "            ;;\n";
 }
 
-constexpr std::string_view kBashHead = R"sh(# bash completion of varn; made by 'varn completion bash'.
+constexpr std::string_view kBashHead =
+    R"sh(# bash completion of varn; made by 'varn completion bash'.
 
 _varn_offer()
 {
@@ -103,7 +107,8 @@ std::string bashCompletion()
     out += kBashMiddle;
     for (const std::string& first : firstWords())
         if (const auto seconds = secondWords(first); !seconds.empty())
-            out += "            " + quoted(first) + ") seconds=" + quoted(joined(seconds)) + " ;;\n";
+            out +=
+                "            " + quoted(first) + ") seconds=" + quoted(joined(seconds)) + " ;;\n";
     out += "        esac\n    done\n    case $prev in\n";
     addValueCases(out, "    ", globalOptions());
     out += "    esac\n    case $command in\n";

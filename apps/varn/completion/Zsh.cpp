@@ -40,7 +40,7 @@ std::string zshOption(const Option& option)
 
 std::string zshArgument(const Argument& argument)
 {
-    const std::string place = isRepeated(argument)                    ? "*"
+    const std::string place = isRepeated(argument)                  ? "*"
                               : argument.occurs == Occurs::Optional ? ":"
                                                                     : "";
     return quoted(place + ":" + zshText(argument.name) + ":" + zshAction(offer(argument)));
@@ -102,7 +102,9 @@ _varn()
     out += "    esac\n    case $command in\n";
     for (const Command* const command : shellCommands())
         addZshCommand(out, *command);
-    out += "    esac\n}\n\n_varn \"$@\"\n";
+    // Loaded by the completion system the file is the function's first call, sourced it is not.
+    out += "    esac\n}\n\nif [[ $funcstack[1] == _varn ]]; then\n    _varn \"$@\"\nelse\n"
+           "    compdef _varn varn\nfi\n";
     return out;
 }
 

@@ -26,12 +26,29 @@ constexpr WStringView kScripts = u"Scripts";
 /// The documents of "DATABASE", in order. The catalogue stands where its row is.
 constexpr WStringView kCatalogue = u"ResourceManager.xml";
 constexpr WStringView kDocuments[] = {
-    u"CharacterList.xml", u"Race.dat",      u"Attribute.dat",   u"State.dat",
-    u"Class.dat",         u"Skill.dat",     u"Item.dat",        u"Enemy.dat",
-    u"ItemTable.dat",     u"Action.dat",    u"EnemyTable.dat",  u"TrapList.xml",
-    u"Types.xml",         u"FlagList.xml",  u"Scripts.xml",     u"NovelScripts.xml",
-    u"Formulas.xml",      u"NPCs.xml",      u"System.xml",      u"MessageTable.xml",
-    u"EventFloor.xml",    kCatalogue,       u"VersionControls.xml",
+    u"CharacterList.xml",
+    u"Race.dat",
+    u"Attribute.dat",
+    u"State.dat",
+    u"Class.dat",
+    u"Skill.dat",
+    u"Item.dat",
+    u"Enemy.dat",
+    u"ItemTable.dat",
+    u"Action.dat",
+    u"EnemyTable.dat",
+    u"TrapList.xml",
+    u"Types.xml",
+    u"FlagList.xml",
+    u"Scripts.xml",
+    u"NovelScripts.xml",
+    u"Formulas.xml",
+    u"NPCs.xml",
+    u"System.xml",
+    u"MessageTable.xml",
+    u"EventFloor.xml",
+    kCatalogue,
+    u"VersionControls.xml",
 };
 
 WString join(WStringView folder, WStringView name)
@@ -152,8 +169,8 @@ class Exporter
 
         WString document = u"<Database>\r\n";
         for (const WStringView name : kDocuments) {
-            document += name == kCatalogue ? catalogue.toXml()
-                                           : findTableFile(name)->composeElement();
+            document +=
+                name == kCatalogue ? catalogue.toXml() : findTableFile(name)->composeElement();
             document += u"\r\n";
         }
         document += texts.toXml() + u"\r\n";

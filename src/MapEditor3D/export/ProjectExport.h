@@ -11,8 +11,8 @@ namespace varn {
 /// What the export dialog settles.
 struct ExportOptions
 {
-    WString target;             ///< folder that exists; relative to the project or absolute
-    std::set<WString> without;  ///< names of maps to leave out of the archive
+    WString target;            ///< folder that exists; relative to the project or absolute
+    std::set<WString> without; ///< names of maps to leave out of the archive
 };
 
 /// True when the tree of maps holds a map whose file exists; else "There is no map that can be

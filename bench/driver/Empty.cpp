@@ -1,0 +1,2 @@
+// What any C++ program costs before it does anything.
+int main() {}
