@@ -74,6 +74,7 @@ class CodeGenerator
     // Expressions.
     Operand operand(AST* node);
     Operand leftOperand(AST* node, const AST* right);
+    std::int32_t negativeLiteral(const AST& node);
     std::int32_t inRegister(const Operand& operand);
     std::int32_t registerOf(AST* node) { return inRegister(operand(node)); }
     void into(AST* node, std::int32_t target);

@@ -35,6 +35,12 @@ bool isArithmetic(const AST& node)
     }
 }
 
+bool isNegativeLiteral(const AST& node)
+{
+    return node.kind == kNodeSubtract && !node.right &&
+           (node.left->kind == kTokenInteger || node.left->kind == kTokenReal);
+}
+
 bool isComparison(int kind)
 {
     return kind >= kNodeLess && kind <= kNodeGreater;
@@ -81,6 +87,16 @@ int column(KnownKind kind)
 }
 
 } // namespace
+
+/// A sign before a literal: a number, like every change of sign.
+std::int32_t CodeGenerator::negativeLiteral(const AST& node)
+{
+    const AST& literal = *node.left;
+    const double value = literal.kind == kTokenInteger
+                             ? literal.value
+                             : constants.number(static_cast<std::uint32_t>(literal.value));
+    return static_cast<std::int32_t>(constants.addNumber(-value));
+}
 
 /// A global of the program is a register to the top level alone.
 bool CodeGenerator::isRegister(const Variable& variable) const
@@ -129,14 +145,11 @@ CodeGenerator::Operand CodeGenerator::operand(AST* node)
     case kTokenDecrement:
         return step(node, Result::Wanted);
     case kNodeSubtract:
-        if (node->right || (node->left->kind != kTokenInteger && node->left->kind != kTokenReal))
+        if (!isNegativeLiteral(*node))
             break;
         made.mode = Operand::Mode::Real;
         made.kind = KnownKind::Number;
-        made.value = static_cast<std::int32_t>(constants.addNumber(
-            node->left->kind == kTokenInteger
-                ? -static_cast<double>(node->left->value)
-                : -constants.number(static_cast<std::uint32_t>(node->left->value))));
+        made.value = negativeLiteral(*node);
         return made;
     case kNodeCall:
         if (node->left->variable && node->left->symbol->name != "exit") {
@@ -440,12 +453,17 @@ void CodeGenerator::conditional(AST* node, std::int32_t target)
 
 void CodeGenerator::unary(AST* node, std::int32_t target)
 {
-    const Operand value = operand(node->left);
-    if (node->kind == kNodeSubtract && value.mode == Operand::Mode::Register) {
-        emit(Opcode::Negate, target, value.value);
+    if (isNegativeLiteral(*node)) {
+        emitWide(Opcode::LoadNumber, target, negativeLiteral(*node));
         return;
     }
-    const std::int32_t source = inRegister(value);
+    const bool isPlain = node->left->isIdentifier() && isRegister(*node->left->variable);
+    std::int32_t source = target;
+    if (isPlain || target < firstTemporary)
+        source = registerOf(node->left);
+    else
+        into(node->left, target); // chains of signs take no registers
+    position = {node->line, node->fileIndex};
     if (node->kind == kTokenIs)
         emit(Opcode::Is, target, source,
              static_cast<std::int32_t>(classIndex(*node->right->symbol)));

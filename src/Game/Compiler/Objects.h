@@ -64,7 +64,7 @@ class Array : public HeapObject
     /// Position of the first element `==` to `value` from `from` on (a negative one counts as 0),
     /// or -1.
     std::int32_t indexOf(const OperandData& value, std::int32_t from) const;
-    WString join(WStringView separator) const;
+    WString join(WStringView separator);
 
   private:
     friend class Heap;

@@ -56,9 +56,18 @@ double convertByRuntime(WStringView text)
 class ArrayText
 {
   public:
-    WString of(const Array& array, WStringView separator)
+    ArrayText() = default;
+    ~ArrayText()
     {
-        open.push_back({&array, 0});
+        while (!open.empty())
+            leave();
+    }
+    ArrayText(const ArrayText&) = delete;
+    ArrayText& operator=(const ArrayText&) = delete;
+
+    WString of(Array& array, WStringView separator)
+    {
+        enter(array);
         while (!open.empty())
             step(open.size() == 1 ? separator : WStringView(u","));
         return std::move(text);
@@ -67,33 +76,37 @@ class ArrayText
   private:
     struct Level
     {
-        const Array* array;
+        Array* array;
         std::uint32_t next;
     };
+    static constexpr std::uint8_t kOpen = 2; // flag of an array whose text is being made
 
+    void enter(Array& array)
+    {
+        array.flags |= kOpen;
+        open.push_back({&array, 0});
+    }
+    void leave()
+    {
+        open.back().array->flags &= static_cast<std::uint8_t>(~kOpen);
+        open.pop_back();
+    }
     void step(WStringView separator)
     {
         Level& level = open.back();
-        if (level.next == level.array->size()) {
-            open.pop_back();
-            return;
-        }
+        if (level.next == level.array->size())
+            return leave();
         if (level.next > 0)
             text += separator;
-        const OperandData& element = (*level.array)[level.next++];
         if (text.size() > kMaxText)
             throw interpreter::InterpreterException(
                 u"Exception: the text of the array is too long", u"Array::toString", 0,
                 interpreter::InterpreterException::Severity::Fatal);
+        const OperandData& element = (*level.array)[level.next++];
         if (!element.is(Kind::Array))
             text += element.is(Kind::String) ? element.asText() : WStringView(element.toString());
-        else if (!isOpen(element.asArray()))
-            open.push_back({element.asArray(), 0});
-    }
-    bool isOpen(const Array* array) const
-    {
-        return std::any_of(open.begin(), open.end(),
-                           [array](const Level& level) { return level.array == array; });
+        else if ((element.asArray()->flags & kOpen) == 0)
+            enter(*element.asArray());
     }
 
     WString text;
@@ -254,7 +267,7 @@ bool relate(Relation relation, const OperandData& left, const OperandData& right
     return holds(relation, compareTexts(left.asText(), right.toString()), 0);
 }
 
-WString Array::join(WStringView separator) const
+WString Array::join(WStringView separator)
 {
     return ArrayText().of(*this, separator);
 }

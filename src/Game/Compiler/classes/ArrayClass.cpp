@@ -75,7 +75,7 @@ int push(Array& array, NativeCall& call, const OperandData& value)
     return array.length();
 }
 
-WString toString(const Array& array)
+WString toString(Array& array)
 {
     return array.join(u",");
 }

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Game/Compiler/Interpreter.h"
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace varn {
+
+/// The interpreter of game events and of the script window: it also keeps what a script listens to
+/// and what it shows.
+class Script : public Interpreter
+{
+  public:
+    ~Script() override { stop(); }
+
+    /// Functions by event name ("enterFrame", "click", "keyDown"); one that is there already is
+    /// refused.
+    bool addEventListener(WStringView event, const OperandData& function);
+    bool removeEventListener(WStringView event, const OperandData& function);
+    const std::vector<OperandData>& listenersOf(WStringView event) const;
+
+    /// Drawable objects for the renderer, kept alive while they are shown.
+    bool addChild(const OperandData& object);
+    bool removeChild(const OperandData& object);
+    const std::vector<OperandData>& getChildren() const { return children; }
+
+    void reset() override;
+
+  protected:
+    void markRoots(Marker& marker) override;
+
+  private:
+    std::map<WString, std::vector<OperandData>, std::less<>> eventListeners;
+    std::vector<OperandData> children;
+};
+
+/// The natives of scripts on them; each leaves a boolean in `_ret`. They throw when the arguments
+/// are not an event name and a function, or one Graphics or Image; on an interpreter that is no
+/// Script they answer false.
+void addEventListenerNative(Interpreter& vm);
+void removeEventListenerNative(Interpreter& vm);
+void addChildNative(Interpreter& vm);
+void removeChildNative(Interpreter& vm);
+
+/// The scripts of game events that parked and go on running. Used by the main thread only.
+class ScriptEngine
+{
+  public:
+    static ScriptEngine& instance();
+
+    /// Compiles and starts a script, and returns when it parks for the first time or has ended. One
+    /// that never waits has done everything by then. Throws std::string with the compile errors.
+    void startEvent(WStringView name, WString text);
+    /// The signal of a frame: every parked script goes on, until it parks again or ends.
+    void signalFrame();
+    void stopAll() { scripts.clear(); }
+    std::size_t count() const { return scripts.size(); }
+
+  private:
+    std::vector<std::unique_ptr<Script>> scripts;
+};
+
+} // namespace varn

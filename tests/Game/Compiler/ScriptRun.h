@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Game/Compiler/Interpreter.h"
+#include "Game/Compiler/InterpreterException.h"
+#include "Game/Compiler/classes/Classes.h"
+#include "Support/RecordingHost.h"
+
+#include <string>
+#include <vector>
+
+namespace varn::test {
+
+/// What one script did: its traces, the boxes it showed, and what stopped it.
+struct ScriptRun
+{
+    std::vector<std::string> traces;
+    std::vector<std::string> messages;
+    std::string compileErrors;
+    std::string fatal;
+    int result = 0; ///< `_ret` as an int
+};
+
+/// Compiles and runs a source on the caller's thread.
+inline ScriptRun runScript(std::string_view utf8, Interpreter& vm)
+{
+    RecordingHost host;
+    registerStandardClasses();
+    ScriptRun run;
+    vm.setTraceListener([&run](WStringView text) { run.traces.push_back(toUtf8(text)); });
+    try {
+        vm.compile(u"test", fromUtf8(utf8));
+        vm.execute();
+        run.result = vm.getReturn().toInt();
+    } catch (const std::string& errors) {
+        run.compileErrors = errors;
+    } catch (const interpreter::InterpreterException& fault) {
+        run.fatal = toUtf8(fault.getMessage());
+    }
+    for (const WString& message : host.messages)
+        run.messages.push_back(toUtf8(message));
+    return run;
+}
+
+inline ScriptRun runScript(std::string_view utf8)
+{
+    Interpreter vm;
+    return runScript(utf8, vm);
+}
+
+} // namespace varn::test
