@@ -44,8 +44,8 @@ struct Stretch
 /// A longer text matches nothing: positions are of 32 bits.
 inline constexpr std::size_t kLongestText = (std::size_t{1} << 31) - 64;
 inline constexpr std::size_t kDefaultStackBytes = std::size_t{128} << 20;
-inline constexpr std::uint64_t kDefaultSteps = 100'000'000;
-inline constexpr std::uint64_t kDefaultStepsPerUnit = 100;
+inline constexpr std::uint64_t kDefaultSteps = 20'000'000;
+inline constexpr std::uint64_t kDefaultStepsPerUnit = 64;
 
 /// What CContext keeps from match to match.
 struct MatchState
@@ -60,6 +60,10 @@ struct MatchState
     std::uint64_t stepBudget = 0; ///< 0: the default
     std::int64_t stepsLeft = 0;
     std::size_t stackBytes = kDefaultStackBytes;
+    /// A search is laborious once it took so many steps, and so many more for each unit it went
+    /// through.
+    std::int64_t patience = 4096;
+    std::int64_t patiencePerUnit = 16;
 
     std::uint64_t serial = 0; ///< of the program that what follows is laid out for
     std::vector<int> registers;

@@ -12,9 +12,6 @@ constexpr Direction kForward = Direction::Forward;
 constexpr Direction kBackward = Direction::Backward;
 
 constexpr std::size_t kLargestMemory = std::size_t{64} << 20; // bytes
-/// A search is laborious once it took so many steps and so many more for each unit it went through.
-constexpr std::int64_t kPatience = 4096;
-constexpr std::int64_t kPatiencePerUnit = 16;
 constexpr int kUnitsPerStep = 32;
 
 bool isWord(char16_t unit)
@@ -247,11 +244,11 @@ int Matcher::nextAttempt(int failedStart) const
 bool Matcher::search(MatchResultT& result)
 {
     const bool forward = program.direction == kForward;
-    const std::int64_t laborious = steps - kPatience;
+    const std::int64_t laborious = steps - state.patience;
     int start = forward ? nextStart(state.index) : nextStartBack(state.index);
     while (start >= 0) {
         const std::int64_t gone = std::abs(start - state.index);
-        alarm = std::max<std::int64_t>(0, laborious - kPatiencePerUnit * gone);
+        alarm = std::max<std::int64_t>(0, laborious - state.patiencePerUnit * gone);
         ++state.attempt;
         --steps;
         const int end = attempt(start);
@@ -849,17 +846,19 @@ bool Matcher::enterTurn(std::uint32_t& pc, int pos)
     return at.flag ? choose(pc, at.a, pc + 1, pos) : choose(pc, pc + 1, at.a, pos);
 }
 
-/// A turn that took nothing is the last: all turns still due would take nothing either.
+/// Once enough turns were made, one that took nothing is the last.
 bool Matcher::endTurn(std::uint32_t& pc, int pos)
 {
     const Instruction& at = code[pc];
-    if (at.c != kNone && registers[at.c] == pos) {
-        pc = code[at.a].a;
+    const Instruction& head = code[at.a];
+    const int turns = registers[at.b] + 1;
+    if (at.c != kNone && registers[at.c] == pos && static_cast<std::uint64_t>(turns) >= head.here) {
+        pc = head.a;
         return true;
     }
     if (!ensureRoom(1))
         return false;
-    setRegister(at.b, registers[at.b] + 1);
+    setRegister(at.b, turns);
     pc = at.a;
     return spend(1);
 }
