@@ -113,6 +113,7 @@ struct Command
     X(mapCommands, "Maps")                                                                         \
     X(pictureCommands, "Pictures, views and printed maps")                                         \
     X(tableCommands, "Tables and texts")                                                           \
+    X(scriptCommands, "Scripts")                                                                   \
     X(fileCommands, "Documents and text files")                                                    \
     X(archiveCommands, "Game archives")                                                            \
     X(batchCommands, "Many commands at once")                                                      \
