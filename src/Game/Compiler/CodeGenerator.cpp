@@ -386,10 +386,10 @@ std::uint32_t CodeGenerator::classIndex(Symbol& symbol)
                      [&](const ClassReference& each) { return each.name == symbol.name; });
     if (known != program.classes.end())
         return static_cast<std::uint32_t>(known - program.classes.begin());
-    const Kind makes = symbol.name == "String"   ? Kind::String
-                       : symbol.name == "Array"  ? Kind::Array
-                       : symbol.name == "Object" ? Kind::Table
-                                                 : Kind::Object;
+    const ValueKind makes = symbol.name == "String"   ? ValueKind::String
+                            : symbol.name == "Array"  ? ValueKind::Array
+                            : symbol.name == "Object" ? ValueKind::Table
+                                                      : ValueKind::Object;
     program.classes.push_back({std::string(symbol.name), symbol.nativeClass(), makes});
     if (program.classes.size() > 65535)
         tooComplex();

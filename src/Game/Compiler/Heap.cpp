@@ -25,7 +25,7 @@ std::size_t objectSize(const HeapObject& object)
     case HeapObject::Type::Array:
         return sizeof(Array);
     case HeapObject::Type::Table:
-        return sizeof(Table);
+        return sizeof(MemberTable);
     default:
         return sizeof(ObjectBox);
     }
@@ -46,7 +46,7 @@ void Marker::drain()
             break;
         }
         case HeapObject::Type::Table:
-            mark(static_cast<Table&>(*object).members());
+            mark(static_cast<MemberTable&>(*object).members());
             break;
         case HeapObject::Type::Box: {
             const auto& box = static_cast<const ObjectBox&>(*object);
@@ -272,17 +272,17 @@ void Heap::replace(Array& array, std::uint32_t position, std::uint32_t count,
     array.count = static_cast<std::uint32_t>(size);
 }
 
-Table* Heap::makeTable()
+MemberTable* Heap::makeTable()
 {
-    void* memory = allocate(sizeof(Table), HeapObject::Type::Table);
+    void* memory = allocate(sizeof(MemberTable), HeapObject::Type::Table);
     const HeapObject head = *static_cast<HeapObject*>(memory);
-    auto* table = new (memory) Table;
+    auto* table = new (memory) MemberTable;
     static_cast<HeapObject&>(*table) = head;
     ++objects;
     return table;
 }
 
-OperandData& Heap::ensureMember(Table& table, std::uint32_t name)
+OperandData& Heap::ensureMember(MemberTable& table, std::uint32_t name)
 {
     const std::size_t before = table.footprint();
     OperandData& member = table.ensure(name);
@@ -291,7 +291,7 @@ OperandData& Heap::ensureMember(Table& table, std::uint32_t name)
     return member;
 }
 
-OperandData Heap::makeBox(ClassInterface& classInterface, void* instance, Kind kind)
+OperandData Heap::makeBox(ClassInterface& classInterface, void* instance, ValueKind kind)
 {
     void* memory = allocate(sizeof(ObjectBox), HeapObject::Type::Box);
     const HeapObject head = *static_cast<HeapObject*>(memory);
@@ -299,19 +299,19 @@ OperandData Heap::makeBox(ClassInterface& classInterface, void* instance, Kind k
     static_cast<HeapObject&>(*box) = head;
     box->classInterface = &classInterface;
     box->instance = instance;
-    box->flags = kind == Kind::Object ? kOwned : 0;
+    box->flags = kind == ValueKind::Object ? kOwned : 0;
     ++objects;
     return OperandData::object(kind, box);
 }
 
 OperandData Heap::makeObject(ClassInterface& classInterface, void* instance)
 {
-    return makeBox(classInterface, instance, Kind::Object);
+    return makeBox(classInterface, instance, ValueKind::Object);
 }
 
 OperandData Heap::makeUserPointer(ClassInterface& classInterface, void* instance)
 {
-    return makeBox(classInterface, instance, Kind::UserPtr);
+    return makeBox(classInterface, instance, ValueKind::UserPtr);
 }
 
 void Heap::accountExternal(std::ptrdiff_t size)
@@ -349,9 +349,9 @@ void Heap::release(HeapObject& object)
         break;
     }
     case HeapObject::Type::Table: {
-        auto& table = static_cast<Table&>(object);
+        auto& table = static_cast<MemberTable&>(object);
         bytes -= table.footprint();
-        table.~Table();
+        table.~MemberTable();
         break;
     }
     case HeapObject::Type::Box: {

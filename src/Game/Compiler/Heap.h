@@ -16,8 +16,8 @@ class Marker
   public:
     void mark(const OperandData& value)
     {
-        if (value.getKind() == Kind::String ||
-            (value.getKind() >= Kind::Array && value.getKind() <= Kind::UserPtr))
+        if (value.getKind() == ValueKind::String ||
+            (value.getKind() >= ValueKind::Array && value.getKind() <= ValueKind::UserPtr))
             markObject(reinterpret_cast<HeapObject*>(value.bits));
     }
     void mark(std::span<const OperandData> values)
@@ -73,7 +73,7 @@ class Heap
     /// `size` elements, each "undefined". "Exception: array length is too large" beyond the limit.
     Array* makeArray(std::int64_t size = 0);
     Array* makeArray(std::span<const OperandData> elements);
-    Table* makeTable();
+    MemberTable* makeTable();
     /// The new value owns `instance`: the class's `destroy` gets it once nothing reaches it.
     OperandData makeObject(ClassInterface& classInterface, void* instance);
     /// A value for an instance that somebody else owns and that outlives the run.
@@ -91,7 +91,7 @@ class Heap
     /// Puts `values`, which lie outside of the array, in the place of `count` elements.
     void replace(Array& array, std::uint32_t position, std::uint32_t count,
                  std::span<const OperandData> values);
-    OperandData& ensureMember(Table& table, std::uint32_t name);
+    OperandData& ensureMember(MemberTable& table, std::uint32_t name);
     /// Tells of memory a native instance took (or, negative, gave back) beside itself.
     void accountExternal(std::ptrdiff_t bytes);
 
@@ -149,7 +149,7 @@ class Heap
     void refill(std::size_t sizeClass);
     void* allocateLarge(std::size_t size);
     StringBuffer* makeBuffer(std::uint64_t used, std::uint64_t capacity);
-    OperandData makeBox(ClassInterface& classInterface, void* instance, Kind kind);
+    OperandData makeBox(ClassInterface& classInterface, void* instance, ValueKind kind);
     void reserve(Array& array, std::uint64_t size, std::uint64_t wanted);
     void checkLength(std::int64_t size) const;
     void grow(Array& array, std::uint64_t size);

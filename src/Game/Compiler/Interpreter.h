@@ -73,7 +73,7 @@ class Interpreter : public ScriptThread
     int getTop() const { return call ? call->count : 0; }
     /// The arguments by index from 0; one that was not given throws the argument-count sentence.
     const OperandData& getOperand(int index) const;
-    Kind get_type(int index) const { return getOperand(index).getKind(); }
+    ValueKind get_type(int index) const { return getOperand(index).getKind(); }
     int getInt(int index) const { return getOperand(index).toInt(); }
     WString getString(int index) const { return getOperand(index).toString(); }
     /// Result of a global function: writes `_ret`.

@@ -24,17 +24,17 @@ inline void copy(OperandData& target, const OperandData& source)
 }
 inline void setInt(OperandData& target, std::int32_t value)
 {
-    target.head = static_cast<std::uint64_t>(Kind::Int);
+    target.head = static_cast<std::uint64_t>(ValueKind::Int);
     target.bits = static_cast<std::uint32_t>(value);
 }
 inline void setNumber(OperandData& target, double value)
 {
-    target.head = static_cast<std::uint64_t>(Kind::Number);
+    target.head = static_cast<std::uint64_t>(ValueKind::Number);
     target.bits = std::bit_cast<std::uint64_t>(value);
 }
 inline void setBoolean(OperandData& target, bool value)
 {
-    target.head = static_cast<std::uint64_t>(Kind::Boolean);
+    target.head = static_cast<std::uint64_t>(ValueKind::Boolean);
     target.bits = value ? 1 : 0;
 }
 
@@ -55,17 +55,17 @@ inline double numberN(const OperandData& value)
 }
 inline double numberX(const OperandData& value)
 {
-    if (value.is(Kind::Number)) [[likely]]
+    if (value.is(ValueKind::Number)) [[likely]]
         return value.asNumber();
-    return value.is(Kind::Int) ? value.asInt() : value.toNumber();
+    return value.is(ValueKind::Int) ? value.asInt() : value.toNumber();
 }
 inline std::int32_t intX(const OperandData& value)
 {
-    return value.is(Kind::Int) ? value.asInt() : value.toInt();
+    return value.is(ValueKind::Int) ? value.asInt() : value.toInt();
 }
 inline bool isNumeric(const OperandData& value)
 {
-    return value.is(Kind::Number) || value.is(Kind::Int);
+    return value.is(ValueKind::Number) || value.is(ValueKind::Int);
 }
 
 inline std::int32_t wrapAdd(std::int32_t a, std::int32_t b)
@@ -92,9 +92,9 @@ inline std::int32_t shiftRight(std::int32_t a, std::int32_t b)
 
 inline bool isTrue(const OperandData& value)
 {
-    if (value.is(Kind::Boolean))
+    if (value.is(ValueKind::Boolean))
         return value.asBoolean();
-    return value.is(Kind::Int) ? value.asInt() != 0 : value.isTrue();
+    return value.is(ValueKind::Int) ? value.asInt() != 0 : value.isTrue();
 }
 
 /// Bytes from one instruction to another.
@@ -168,16 +168,16 @@ inline std::uint64_t siteKey(const OperandData& receiver)
 
 // Any two values: two ints, two numerics, the rest.
 #define COMPARE(name, op)                                                                          \
-    (A.is(Kind::Int) && B.is(Kind::Int)     ? A.asInt() op B.asInt()                               \
+    (A.is(ValueKind::Int) && B.is(ValueKind::Int)     ? A.asInt() op B.asInt()                               \
      : isNumeric(A) && isNumeric(B)         ? numberX(A) op numberX(B)                             \
                                             : (SAVE(), relate(Relation::name, A, B)))
 #define COMPARE_SHORT(name, op)                                                                    \
-    (A.is(Kind::Int)      ? A.asInt() op pc->signedB()                                             \
-     : A.is(Kind::Number) ? A.asNumber() op pc->signedB()                                          \
+    (A.is(ValueKind::Int)      ? A.asInt() op pc->signedB()                                             \
+     : A.is(ValueKind::Number) ? A.asNumber() op pc->signedB()                                          \
                           : (SAVE(), relate(Relation::name, A, OperandData::integer(pc->signedB()))))
 // An int decides for a comparison of numbers; only a function is never equal to one.
 #define INT_BRANCH_PAIR(name, op)                                                                  \
-    BRANCH_PAIR(name, IX, B.is(Kind::Int) ? A.asInt() op B.asInt() : (SAVE(), relate(Relation::name, A, B)))
+    BRANCH_PAIR(name, IX, B.is(ValueKind::Int) ? A.asInt() op B.asInt() : (SAVE(), relate(Relation::name, A, B)))
 #define ANY_BRANCH_PAIR(name, op)                                                                  \
     BRANCH_PAIR(name, XX, COMPARE(name, op)) BRANCH_PAIR(name, XC, COMPARE_SHORT(name, op))
 #define RELATION(opcode, name)                                                                     \
@@ -190,7 +190,7 @@ inline std::uint64_t siteKey(const OperandData& receiver)
 #define COUNT_ANY_FORM(opcode, name, op)                                                           \
     CASE(opcode): {                                                                                \
         const std::int32_t counter = wrapAdd(A.asInt(), 1); setInt(A, counter);                    \
-        BRANCH(B.is(Kind::Int) ? counter op B.asInt() : counter op numberX(B)); }
+        BRANCH(B.is(ValueKind::Int) ? counter op B.asInt() : counter op numberX(B)); }
 
 /// Goes on in a script function whose arguments stand behind the header.
 #define ENTER(function, header, given, returnTo)                                                   \
@@ -212,14 +212,14 @@ inline std::uint64_t siteKey(const OperandData& receiver)
 #define CALL_VALUE(value)                                                                          \
     do {                                                                                           \
         const OperandData& callee = (value);                                                       \
-        if (!callee.is(Kind::Function)) [[unlikely]] { SAVE(); fail(u"what is called is no function"); } \
+        if (!callee.is(ValueKind::Function)) [[unlikely]] { SAVE(); fail(u"what is called is no function"); } \
         ENTER(callee.asFunction(), pc->a, pc->c, pc + 1);                                          \
     } while (false)
 
 #define GET_ELEMENT(base)                                                                          \
     do {                                                                                           \
         const OperandData& from = (base); const OperandData& index = C;                            \
-        if (from.is(Kind::Array) && index.is(Kind::Int) &&                                         \
+        if (from.is(ValueKind::Array) && index.is(ValueKind::Int) &&                                         \
             static_cast<std::uint32_t>(index.asInt()) < from.asArray()->size()) [[likely]] {       \
             copy(A, (*from.asArray())[static_cast<std::uint32_t>(index.asInt())]);                 \
         } else { SAVE(); copy(A, *elementPlace(const_cast<OperandData&>(from), index)); }          \
@@ -228,7 +228,7 @@ inline std::uint64_t siteKey(const OperandData& receiver)
 #define SET_ELEMENT(base, value)                                                                          \
     do {                                                                                           \
         OperandData& in = (base); const OperandData& index = B;                                    \
-        if (in.is(Kind::Array) && index.is(Kind::Int) &&                                           \
+        if (in.is(ValueKind::Array) && index.is(ValueKind::Int) &&                                           \
             static_cast<std::uint32_t>(index.asInt()) < in.asArray()->size()) [[likely]] {         \
             copy((*in.asArray())[static_cast<std::uint32_t>(index.asInt())], value);                   \
         } else { SAVE(); copy(*elementPlace(in, index), value); }                                      \
@@ -290,9 +290,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     {
         const OperandData& left = B;
         const OperandData& right = C;
-        if (left.is(Kind::Number) && right.is(Kind::Number)) {
+        if (left.is(ValueKind::Number) && right.is(ValueKind::Number)) {
             setNumber(A, left.asNumber() + right.asNumber());
-        } else if (left.is(Kind::Int) && right.is(Kind::Int)) {
+        } else if (left.is(ValueKind::Int) && right.is(ValueKind::Int)) {
             setInt(A, wrapAdd(left.asInt(), right.asInt()));
         } else {
             SAVE();
@@ -303,9 +303,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     CASE(AddXC) :
     {
         const OperandData& left = B;
-        if (left.is(Kind::Int)) {
+        if (left.is(ValueKind::Int)) {
             setInt(A, wrapAdd(left.asInt(), pc->signedC()));
-        } else if (left.is(Kind::Number)) {
+        } else if (left.is(ValueKind::Number)) {
             setNumber(A, left.asNumber() + pc->signedC());
         } else {
             SAVE();
@@ -329,7 +329,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     CASE(DivXC) :
     {
         const OperandData& left = B;
-        if (left.is(Kind::Int))
+        if (left.is(ValueKind::Int))
             setInt(A, divideBy(left.asInt(), pc->signedC()));
         else
             setNumber(A, numberX(left) / pc->signedC());
@@ -346,7 +346,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     {
         const OperandData& left = B;
         const OperandData& right = C;
-        if (left.is(Kind::Number)) {
+        if (left.is(ValueKind::Number)) {
             setNumber(A, left.asNumber() / numberX(right));
         } else {
             SAVE();
@@ -411,17 +411,17 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     NEXT();
     CASE(Increment) :
     {
-        if (A.is(Kind::Int))
+        if (A.is(ValueKind::Int))
             setInt(A, wrapAdd(A.asInt(), 1));
-        else if (A.is(Kind::Number))
+        else if (A.is(ValueKind::Number))
             setNumber(A, A.asNumber() + 1);
         NEXT();
     }
     CASE(Decrement) :
     {
-        if (A.is(Kind::Int))
+        if (A.is(ValueKind::Int))
             setInt(A, wrapAdd(A.asInt(), -1));
-        else if (A.is(Kind::Number))
+        else if (A.is(ValueKind::Number))
             setNumber(A, A.asNumber() - 1);
         NEXT();
     }
@@ -457,7 +457,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     CASE(GetElementC) :
     {
         OperandData& from = B;
-        if (from.is(Kind::Array) && pc->c < from.asArray()->size()) [[likely]] {
+        if (from.is(ValueKind::Array) && pc->c < from.asArray()->size()) [[likely]] {
             copy(A, (*from.asArray())[pc->c]);
         } else {
             SAVE();

@@ -20,7 +20,7 @@ std::int32_t Array::indexOf(const OperandData& value, std::int32_t from) const
     return -1;
 }
 
-int Table::positionOf(std::uint32_t name, std::uint32_t hint) const
+int MemberTable::positionOf(std::uint32_t name, std::uint32_t hint) const
 {
     if (hint < names.size() && names[hint] == name)
         return static_cast<int>(hint);
@@ -32,13 +32,13 @@ int Table::positionOf(std::uint32_t name, std::uint32_t hint) const
     return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
-OperandData* Table::find(std::uint32_t name)
+OperandData* MemberTable::find(std::uint32_t name)
 {
     const int position = positionOf(name, 0);
     return position < 0 ? nullptr : &values[static_cast<std::size_t>(position)];
 }
 
-OperandData& Table::ensure(std::uint32_t name)
+OperandData& MemberTable::ensure(std::uint32_t name)
 {
     if (OperandData* known = find(name))
         return *known;

@@ -77,7 +77,7 @@ class Array : public HeapObject
 
 /// The plain object of scripts: values by member name. A name is its index in the name table of the
 /// compilation. Members keep the order of their making; a few are found by looking, many by hash.
-class Table : public HeapObject
+class MemberTable : public HeapObject
 {
   public:
     std::uint32_t size() const { return static_cast<std::uint32_t>(names.size()); }

@@ -103,8 +103,9 @@ class ArrayText
                 u"Exception: the text of the array is too long", u"Array::toString", 0,
                 interpreter::InterpreterException::Severity::Fatal);
         const OperandData& element = (*level.array)[level.next++];
-        if (!element.is(Kind::Array))
-            text += element.is(Kind::String) ? element.asText() : WStringView(element.toString());
+        if (!element.is(ValueKind::Array))
+            text +=
+                element.is(ValueKind::String) ? element.asText() : WStringView(element.toString());
         else if ((element.asArray()->flags & kOpen) == 0)
             enter(*element.asArray());
     }
@@ -148,19 +149,19 @@ int compareTexts(WStringView a, WStringView b)
 double OperandData::toNumber() const
 {
     switch (getKind()) {
-    case Kind::Int:
+    case ValueKind::Int:
         return asInt();
-    case Kind::Number:
+    case ValueKind::Number:
         return asNumber();
-    case Kind::String:
+    case ValueKind::String:
         return textToNumber(asText());
-    case Kind::Boolean:
+    case ValueKind::Boolean:
         return asBoolean() ? 1 : 0;
-    case Kind::Function:
+    case ValueKind::Function:
         return asFunction()->number;
-    case Kind::Array:
+    case ValueKind::Array:
         return asArray()->size();
-    case Kind::UserPtr:
+    case ValueKind::UserPtr:
         return static_cast<double>(reinterpret_cast<std::uintptr_t>(asBox()->instance));
     default:
         return 0;
@@ -169,28 +170,28 @@ double OperandData::toNumber() const
 
 std::int32_t OperandData::toInt() const
 {
-    return is(Kind::Int) ? asInt() : truncateToInt(toNumber());
+    return is(ValueKind::Int) ? asInt() : truncateToInt(toNumber());
 }
 
 WString OperandData::toString() const
 {
     switch (getKind()) {
-    case Kind::Undefined:
+    case ValueKind::Undefined:
         return u"0";
-    case Kind::Int:
+    case ValueKind::Int:
         return toDecimal(asInt());
-    case Kind::String:
+    case ValueKind::String:
         return WString(asText());
-    case Kind::Number:
+    case ValueKind::Number:
         return numberToText(asNumber());
-    case Kind::Boolean:
+    case ValueKind::Boolean:
         return asBoolean() ? u"true" : u"false";
-    case Kind::Array:
+    case ValueKind::Array:
         return ArrayText().of(*asArray(), u",");
-    case Kind::Table:
+    case ValueKind::Table:
         return u"Object";
-    case Kind::Object:
-    case Kind::UserPtr:
+    case ValueKind::Object:
+    case ValueKind::UserPtr:
         return asBox()->classInterface ? asBox()->classInterface->toString(asBox()->instance)
                                        : WString(kindName());
     default:
@@ -200,15 +201,16 @@ WString OperandData::toString() const
 
 bool OperandData::isTrue() const
 {
-    return is(Kind::Int) ? asInt() != 0 : toNumber() != 0;
+    return is(ValueKind::Int) ? asInt() != 0 : toNumber() != 0;
 }
 
 bool OperandData::equals(const OperandData& right) const
 {
-    if (is(Kind::Function) || right.is(Kind::Function))
+    if (is(ValueKind::Function) || right.is(ValueKind::Function))
         return getKind() == right.getKind() && bits == right.bits;
-    if (is(Kind::String) && !right.is(Kind::Int) && !right.is(Kind::Number))
-        return right.is(Kind::String) ? asText() == right.asText() : asText() == right.toString();
+    if (is(ValueKind::String) && !right.is(ValueKind::Int) && !right.is(ValueKind::Number))
+        return right.is(ValueKind::String) ? asText() == right.asText()
+                                           : asText() == right.toString();
     if (isBoxed() && asBox()->classInterface)
         return asBox()->classInterface->compare(
             asBox()->instance, right.isBoxed() ? right.asBox()->instance : nullptr);
@@ -223,19 +225,19 @@ WStringView OperandData::kindName() const
 std::string OperandData::className() const
 {
     switch (getKind()) {
-    case Kind::Undefined:
-    case Kind::Int:
+    case ValueKind::Undefined:
+    case ValueKind::Int:
         return "int";
-    case Kind::String:
+    case ValueKind::String:
         return "String";
-    case Kind::Number:
+    case ValueKind::Number:
         return "Number";
-    case Kind::Boolean:
+    case ValueKind::Boolean:
         return "Boolean";
-    case Kind::Array:
+    case ValueKind::Array:
         return "Array";
-    case Kind::Object:
-    case Kind::UserPtr:
+    case ValueKind::Object:
+    case ValueKind::UserPtr:
         return asBox()->classInterface ? asBox()->classInterface->scriptName() : "Object";
     default:
         return "Object";
@@ -260,9 +262,9 @@ bool relate(Relation relation, const OperandData& left, const OperandData& right
 {
     if (relation == Relation::Equal || relation == Relation::NotEqual)
         return left.equals(right) == (relation == Relation::Equal);
-    if (!left.is(Kind::String) || right.is(Kind::Int) || right.is(Kind::Number))
+    if (!left.is(ValueKind::String) || right.is(ValueKind::Int) || right.is(ValueKind::Number))
         return holds(relation, left.toNumber(), right.toNumber());
-    if (right.is(Kind::String))
+    if (right.is(ValueKind::String))
         return holds(relation, compareTexts(left.asText(), right.asText()), 0);
     return holds(relation, compareTexts(left.asText(), right.toString()), 0);
 }

@@ -11,11 +11,11 @@ class Array;
 class ClassInterface;
 class ObjectBox;
 class StringBuffer;
-class Table;
+class MemberTable;
 struct FunctionCode;
 
 /// What a script value is; the numbers are those that natives see as `get_type`.
-enum class Kind : std::uint8_t
+enum class ValueKind : std::uint8_t
 {
     Undefined =
         0, ///< without a value; text "0", number 0. All zero bits, so fresh memory is such cells
@@ -45,30 +45,39 @@ class OperandData
 
     static constexpr OperandData integer(std::int32_t value)
     {
-        return {Kind::Int, static_cast<std::uint32_t>(value)};
+        return {ValueKind::Int, static_cast<std::uint32_t>(value)};
     }
     static constexpr OperandData number(double value)
     {
-        return {Kind::Number, std::bit_cast<std::uint64_t>(value)};
+        return {ValueKind::Number, std::bit_cast<std::uint64_t>(value)};
     }
-    static constexpr OperandData boolean(bool value) { return {Kind::Boolean, value ? 1U : 0U}; }
-    static OperandData function(const FunctionCode* code) { return {Kind::Function, code}; }
-    static OperandData array(Array* array) { return {Kind::Array, array}; }
-    static OperandData table(Table* table) { return {Kind::Table, table}; }
+    static constexpr OperandData boolean(bool value)
+    {
+        return {ValueKind::Boolean, value ? 1U : 0U};
+    }
+    static OperandData function(const FunctionCode* code) { return {ValueKind::Function, code}; }
+    static OperandData array(Array* array) { return {ValueKind::Array, array}; }
+    static OperandData table(MemberTable* table) { return {ValueKind::Table, table}; }
     /// Of kind Object or UserPtr.
-    static OperandData object(Kind kind, ObjectBox* box) { return {kind, box}; }
-    static constexpr OperandData selector(std::uint32_t name) { return {Kind::Selector, name}; }
+    static OperandData object(ValueKind kind, ObjectBox* box) { return {kind, box}; }
+    static constexpr OperandData selector(std::uint32_t name)
+    {
+        return {ValueKind::Selector, name};
+    }
     static OperandData string(StringBuffer* buffer, std::uint32_t length)
     {
-        OperandData made{Kind::String, buffer};
+        OperandData made{ValueKind::String, buffer};
         made.head |= static_cast<std::uint64_t>(length) << 32;
         return made;
     }
 
-    Kind getKind() const { return static_cast<Kind>(static_cast<std::uint8_t>(head)); }
-    bool is(Kind kind) const { return getKind() == kind; }
+    ValueKind getKind() const { return static_cast<ValueKind>(static_cast<std::uint8_t>(head)); }
+    bool is(ValueKind kind) const { return getKind() == kind; }
     /// Object or UserPtr.
-    bool isBoxed() const { return getKind() >= Kind::Object && getKind() <= Kind::UserPtr; }
+    bool isBoxed() const
+    {
+        return getKind() >= ValueKind::Object && getKind() <= ValueKind::UserPtr;
+    }
 
     /// The payloads; each is meaningful for its own kind only.
     std::int32_t asInt() const { return static_cast<std::int32_t>(bits); }
@@ -76,7 +85,7 @@ class OperandData
     bool asBoolean() const { return static_cast<std::uint8_t>(bits) != 0; }
     const FunctionCode* asFunction() const { return reinterpret_cast<const FunctionCode*>(bits); }
     Array* asArray() const { return reinterpret_cast<Array*>(bits); }
-    Table* asTable() const { return reinterpret_cast<Table*>(bits); }
+    MemberTable* asTable() const { return reinterpret_cast<MemberTable*>(bits); }
     ObjectBox* asBox() const { return reinterpret_cast<ObjectBox*>(bits); }
     StringBuffer* asBuffer() const { return reinterpret_cast<StringBuffer*>(bits); }
     std::uint32_t textLength() const { return static_cast<std::uint32_t>(head >> 32); }
@@ -108,10 +117,10 @@ class OperandData
     std::uint64_t bits;
 
   private:
-    constexpr OperandData(Kind kind, std::uint64_t bits)
+    constexpr OperandData(ValueKind kind, std::uint64_t bits)
         : head(static_cast<std::uint64_t>(kind)), bits(bits)
     {}
-    OperandData(Kind kind, const void* pointer)
+    OperandData(ValueKind kind, const void* pointer)
         : head(static_cast<std::uint64_t>(kind)), bits(reinterpret_cast<std::uint64_t>(pointer))
     {}
 };

@@ -35,7 +35,7 @@ struct ClassReference
 {
     std::string name;
     ClassInterface* native;
-    Kind makes; ///< kind of the values `new` gives
+    ValueKind makes; ///< kind of the values `new` gives
 };
 
 /// One method call of the source, with what the machine found out about it the last time.

@@ -42,9 +42,9 @@ struct InstanceOf<Array>
     static Array& of(const OperandData& value) { return *value.asArray(); }
 };
 template <>
-struct InstanceOf<Table>
+struct InstanceOf<MemberTable>
 {
-    static Table& of(const OperandData& value) { return *value.asTable(); }
+    static MemberTable& of(const OperandData& value) { return *value.asTable(); }
 };
 template <>
 struct InstanceOf<SCString>
@@ -65,17 +65,18 @@ struct Argument
         if constexpr (std::is_same_v<P, bool>)
             return value.toInt() != 0;
         else if constexpr (std::is_floating_point_v<P>)
-            return static_cast<P>(value.is(Kind::Number) ? value.asNumber() : value.toNumber());
+            return static_cast<P>(value.is(ValueKind::Number) ? value.asNumber()
+                                                              : value.toNumber());
         else
-            return static_cast<P>(value.is(Kind::Int) ? value.asInt() : value.toInt());
+            return static_cast<P>(value.is(ValueKind::Int) ? value.asInt() : value.toInt());
     }
 };
 template <>
 struct Argument<WStringView>
 {
     explicit Argument(const OperandData& value)
-        : made(value.is(Kind::String) ? WString() : value.toString()),
-          view(value.is(Kind::String) ? value.asText() : WStringView(made))
+        : made(value.is(ValueKind::String) ? WString() : value.toString()),
+          view(value.is(ValueKind::String) ? value.asText() : WStringView(made))
     {}
     operator WStringView() const { return view; }
     WString made;
@@ -287,7 +288,7 @@ class SQClassDef : public ClassInterface
                 ObjectBox box;
                 box.classInterface = this;
                 box.instance = made.get();
-                call.receiver = OperandData::object(Kind::UserPtr, &box);
+                call.receiver = OperandData::object(ValueKind::UserPtr, &box);
                 invoke(call, "constructor");
             }
             return made.release();
@@ -299,11 +300,11 @@ class SQClassDef : public ClassInterface
     bool isInstance(const OperandData& value) const override
     {
         if constexpr (std::is_same_v<T, Array>)
-            return value.is(Kind::Array);
-        else if constexpr (std::is_same_v<T, Table>)
-            return value.is(Kind::Table);
+            return value.is(ValueKind::Array);
+        else if constexpr (std::is_same_v<T, MemberTable>)
+            return value.is(ValueKind::Table);
         else if constexpr (std::is_same_v<T, SCString>)
-            return value.is(Kind::String);
+            return value.is(ValueKind::String);
         else if constexpr (std::is_empty_v<T>)
             return true; // nothing to find in the receiver
         else
@@ -325,7 +326,7 @@ class SQClassDef : public ClassInterface
 
   private:
     static constexpr bool kHeldByCell =
-        std::is_same_v<T, Array> || std::is_same_v<T, Table> || std::is_same_v<T, SCString>;
+        std::is_same_v<T, Array> || std::is_same_v<T, MemberTable> || std::is_same_v<T, SCString>;
 
     template <auto F>
     struct Bound

@@ -37,7 +37,7 @@ using ChildChange = bool (Script::*)(const OperandData&);
 
 void changeListeners(Interpreter& vm, ListenerChange change, WStringView function)
 {
-    if (vm.getTop() != 2 || vm.get_type(1) != Kind::Function)
+    if (vm.getTop() != 2 || vm.get_type(1) != ValueKind::Function)
         throw InterpreterException(WString(interpreter::kInvalidArgumentCount), WString(function));
     auto* script = dynamic_cast<Script*>(&vm);
     const bool done = script && (script->*change)(vm.getString(0), vm.getOperand(1));

@@ -171,23 +171,23 @@ void InterpreterVM::markRoots(Marker& marker)
 
 OperandData InterpreterVM::add(const OperandData& left, const OperandData& right)
 {
-    if (left.is(Kind::Int))
+    if (left.is(ValueKind::Int))
         return OperandData::integer(wrap(std::int64_t{left.asInt()} + right.toInt()));
-    if (left.is(Kind::Number))
+    if (left.is(ValueKind::Number))
         return OperandData::number(left.asNumber() + right.toNumber());
-    if (!left.is(Kind::String))
+    if (!left.is(ValueKind::String))
         return left;
     const auto append = [&](WStringView text) {
         if (heap.wantsCollection((left.textLength() + text.size()) * 2 * sizeof(char16_t)))
             collect();
         return heap.concat(left, text);
     };
-    return right.is(Kind::String) ? append(right.asText()) : append(right.toString());
+    return right.is(ValueKind::String) ? append(right.asText()) : append(right.toString());
 }
 
 OperandData InterpreterVM::divide(const OperandData& left, const OperandData& right) const
 {
-    if (!left.is(Kind::Int) || !right.is(Kind::Int))
+    if (!left.is(ValueKind::Int) || !right.is(ValueKind::Int))
         return OperandData::number(left.toNumber() / right.toNumber());
     if (right.asInt() == 0)
         fail(u"division by zero");
@@ -197,7 +197,7 @@ OperandData InterpreterVM::divide(const OperandData& left, const OperandData& ri
 /// The element, or the base itself where an index means nothing.
 OperandData* InterpreterVM::elementPlace(OperandData& base, const OperandData& index)
 {
-    if (!base.is(Kind::Array) || index.is(Kind::Selector))
+    if (!base.is(ValueKind::Array) || index.is(ValueKind::Selector))
         return &base;
     const std::int32_t at = index.toInt();
     if (static_cast<std::uint32_t>(at) >= base.asArray()->size())
@@ -208,7 +208,7 @@ OperandData* InterpreterVM::elementPlace(OperandData& base, const OperandData& i
 /// The member, made when new, or the base itself where a name means nothing.
 OperandData* InterpreterVM::memberPlace(OperandData& base, std::uint32_t name)
 {
-    if (!base.is(Kind::Table))
+    if (!base.is(ValueKind::Table))
         return &base;
     OperandData* known = base.asTable()->find(name);
     return known ? known : &heap.ensureMember(*base.asTable(), name);
@@ -220,8 +220,8 @@ OperandData* InterpreterVM::chainPlace(OperandData& base, const OperandData* sel
 {
     OperandData* at = &base;
     for (std::uint32_t i = 0; i < count; ++i) {
-        const bool named = selectors[i].is(Kind::Selector);
-        if (named ? !at->is(Kind::Table) : !at->is(Kind::Array))
+        const bool named = selectors[i].is(ValueKind::Selector);
+        if (named ? !at->is(ValueKind::Table) : !at->is(ValueKind::Array))
             return &base;
         at = named ? memberPlace(*at, selectors[i].asSelector()) : elementPlace(*at, selectors[i]);
     }
@@ -253,16 +253,16 @@ void InterpreterVM::newObject(OperandData& target, const OperandData* first, std
     }
     NativeCall call{owner, heap, {}, first, static_cast<int>(count)};
     switch (wanted.makes) {
-    case Kind::String:
+    case ValueKind::String:
         target = heap.makeString({});
         return;
-    case Kind::Array:
+    case ValueKind::Array:
         call.receiver = OperandData::array(heap.makeArray());
         if (count > 0)
             wanted.native->invoke(call, "constructor");
         target = call.receiver;
         return;
-    case Kind::Table:
+    case ValueKind::Table:
         target = OperandData::table(heap.makeTable());
         return;
     default:
@@ -312,10 +312,10 @@ bool InterpreterVM::findMethod(CallSite& site, const OperandData& receiver)
 const FunctionCode* InterpreterVM::memberFunction(const CallSite& site,
                                                   const OperandData& receiver) const
 {
-    if (site.isStatic || !receiver.is(Kind::Table))
+    if (site.isStatic || !receiver.is(ValueKind::Table))
         return nullptr;
     const OperandData* member = receiver.asTable()->find(site.method);
-    return member && member->is(Kind::Function) ? member->asFunction() : nullptr;
+    return member && member->is(ValueKind::Function) ? member->asFunction() : nullptr;
 }
 
 /// No overload takes the call: says so; the run goes on with the integer of `_ret`.

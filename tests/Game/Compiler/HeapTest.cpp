@@ -90,7 +90,7 @@ TEST(Map, HoldsManyKeysInOrder)
     EXPECT_EQ(map.find(u"7")->asInt(), 1);
     EXPECT_EQ(map.find(u"none"), nullptr);
     map.ensure(u"none");
-    EXPECT_TRUE(map.find(u"none")->is(Kind::Undefined));
+    EXPECT_TRUE(map.find(u"none")->is(ValueKind::Undefined));
     const auto keys = map.sortedKeys();
     EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
     EXPECT_EQ(keys.size(), 1001U);

@@ -18,7 +18,7 @@ std::span<const OperandData> argumentsOf(const Interpreter& vm, int from = 0)
 /// One int is a length, anything else the elements.
 int construct(Array& array, Interpreter& vm)
 {
-    const bool isLength = vm.getTop() == 1 && vm.get_type(0) == Kind::Int;
+    const bool isLength = vm.getTop() == 1 && vm.get_type(0) == ValueKind::Int;
     if (isLength)
         vm.heap().resize(array, vm.getInt(0));
     else
@@ -51,7 +51,7 @@ OperandData concat(Array& array, Interpreter& vm)
 {
     Array* joined = vm.heap().makeArray(std::span<const OperandData>(array.begin(), array.end()));
     for (const OperandData& each : argumentsOf(vm)) {
-        if (each.is(Kind::Array))
+        if (each.is(ValueKind::Array))
             vm.heap().append(*joined, std::span<const OperandData>(each.asArray()->begin(),
                                                                    each.asArray()->end()));
         else
@@ -64,7 +64,7 @@ OperandData indexOf(Array& array, Interpreter& vm)
 {
     if (vm.getTop() == 0)
         return OperandData::integer(0);
-    const bool hasFrom = vm.getTop() > 1 && vm.get_type(1) == Kind::Int;
+    const bool hasFrom = vm.getTop() > 1 && vm.get_type(1) == ValueKind::Int;
     return OperandData::integer(array.indexOf(vm.getOperand(0), hasFrom ? vm.getInt(1) : 0));
 }
 

@@ -27,7 +27,7 @@ void registerName(std::string_view name)
 void registerAll()
 {
     registerGlobalFunction("trace", &trace);
-    registerName<Table>("Object");
+    registerName<MemberTable>("Object");
     registerName<Number>("Number");
     registerName<Integer>("int");
     registerString();
