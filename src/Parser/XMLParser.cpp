@@ -10,8 +10,9 @@
 #include "Util/File.h"
 #include "Util/Host.h"
 
+#include <algorithm>
 #include <cassert>
-#include <cstring>
+#include <new>
 
 namespace varn {
 
@@ -23,13 +24,16 @@ constexpr WStringView kNoRoot = u"Couldn't retrieve the root element.";
 struct FileBytes
 {
     explicit FileBytes(std::size_t size)
-        : memory(std::make_unique_for_overwrite<std::byte[]>(size + sizeof(char16_t))), size(size)
+        : memory(new (std::nothrow) std::byte[size + sizeof(char16_t)]), size(size)
+    {}
+    std::span<std::byte> span() const { return {memory.get(), size}; }
+    void cutTo(std::size_t count)
     {
+        size = count;
         memory[size] = memory[size + 1] = std::byte{0};
     }
-    std::span<std::byte> span() const { return {memory.get(), size}; }
 
-    std::unique_ptr<std::byte[]> memory;
+    std::unique_ptr<std::byte[]> memory; // null: there was not enough
     std::size_t size;
 };
 
@@ -39,9 +43,10 @@ std::optional<FileBytes> readWhole(const std::filesystem::path& path)
     if (!file.open(path))
         return std::nullopt;
     FileBytes bytes(file.getSize());
-    const auto got = file.read(bytes.span());
-    if (!got || *got != bytes.size)
+    const auto got = bytes.memory != nullptr ? file.read(bytes.span()) : std::nullopt;
+    if (!got)
         return std::nullopt;
+    bytes.cutTo(*got);
     return bytes;
 }
 
@@ -76,6 +81,8 @@ struct XMLParser::State
     static void placeInPlace(Reading& reading, FileBytes bytes);
     static Reading decode(FileBytes& bytes, Encoding forced);
     void adopt(Reading reading);
+    /// Room for the document as it is written, line ends and tabs included.
+    std::size_t expectedUnits() const { return sourceUnits + sourceUnits / 8 + 256; }
     bool loadFrom(FileBytes bytes, WStringView name);
 };
 
@@ -162,7 +169,10 @@ bool XMLParser::load(WStringView path)
 bool XMLParser::loadBytes(ByteSpan bytes, WStringView name)
 {
     FileBytes copy(bytes.size());
+    if (copy.memory == nullptr)
+        return false;
     std::copy(bytes.begin(), bytes.end(), copy.span().begin());
+    copy.cutTo(bytes.size());
     return state->loadFrom(std::move(copy), name);
 }
 
@@ -192,7 +202,7 @@ WString XMLParser::compose() const
 {
     assert(state->document.root != nullptr);
     WString text;
-    text.reserve(state->sourceUnits + 64);
+    text.reserve(state->expectedUnits());
     text += declarationForSaving(state->document);
     text += u"\r\n";
     writeTree(text, *state->document.root, 0);
@@ -206,7 +216,7 @@ std::string XMLParser::composeBytes() const
     std::string bytes(byteOrderMark(encoding));
     if (encoding != Encoding::Unicode)
         return bytes + encodeText(compose(), encoding).value();
-    bytes.reserve((state->sourceUnits + 64) * sizeof(char16_t));
+    bytes.reserve(state->expectedUnits() * sizeof(char16_t));
     bytes += encodeText(declarationForSaving(state->document), encoding).value();
     bytes += encodeText(u"\r\n", encoding).value();
     writeTree(bytes, *state->document.root, 0);
@@ -231,6 +241,7 @@ Element* XMLParser::getRootElement() const
 
 Element* XMLParser::makeRoot(WStringView tagName)
 {
+    state->sourceUnits = 0;
     XmlDocument& document = state->document;
     document.root = document.arena.makeElement(tagName);
     document.elements = {};

@@ -71,13 +71,14 @@ ParserException mismatch(WStringView declaration, WStringView declared, XmlEncod
     return {text, ParserException::EncodingMismatch};
 }
 
-/// Values are escaped, so that what is written can be read.
+/// Values are escaped, so that what is written can be read; as texts, for a line feed must come
+/// back.
 void appendAttribute(WString& out, WStringView name, WStringView value)
 {
     out += u' ';
     out += name;
     out += u"=\"";
-    appendEscaped(out, value, EscapeIn::Attribute);
+    appendEscaped(out, value, EscapeIn::Text);
     out += u'"';
 }
 
