@@ -1,6 +1,7 @@
 // A message table of 16 MB: loading, composing and saving it, beside what the parser alone takes
 // for the document, and a plain copy and a plain write of its bytes.
 #include "Game/Database/StoryTables.h"
+#include "Game/Database/WizItem.h"
 #include "Parser/XMLParser.h"
 #include "Util/File.h"
 
@@ -101,12 +102,56 @@ void writeOnly(benchmark::State& state)
     setBytes(state);
 }
 
+WizItemList& items()
+{
+    project();
+    WizItemList& table = WizItemList::instance();
+    if (table.empty()) {
+        table.load(u"Item.dat", kMaximumRows);
+        for (std::size_t i = 0; i < table.size(); i++) {
+            table.at(i).setName(u"item " + toDecimal(static_cast<std::int64_t>(i)));
+            table.at(i).setPrice(static_cast<std::int32_t>(i) * 3);
+        }
+        table.save();
+    }
+    return table;
+}
+
+void loadItems(benchmark::State& state)
+{
+    WizItemList& table = items();
+    for ([[maybe_unused]] auto _ : state)
+        table.load(u"Item.dat", 0);
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * table.size()));
+}
+
+void parseItems(benchmark::State& state)
+{
+    items();
+    for ([[maybe_unused]] auto _ : state) {
+        XMLParser parser;
+        benchmark::DoNotOptimize(parser.load(u"Data/Items.xml"));
+    }
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * items().size()));
+}
+
+void composeItems(benchmark::State& state)
+{
+    WizItemList& table = items();
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(table.compose().data());
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * table.size()));
+}
+
 BENCHMARK(load)->Unit(benchmark::kMillisecond);
 BENCHMARK(parseOnly)->Unit(benchmark::kMillisecond);
 BENCHMARK(compose)->Unit(benchmark::kMillisecond);
 BENCHMARK(copy)->Unit(benchmark::kMillisecond);
 BENCHMARK(save)->Unit(benchmark::kMillisecond);
 BENCHMARK(writeOnly)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadItems)->Unit(benchmark::kMillisecond);
+BENCHMARK(parseItems)->Unit(benchmark::kMillisecond);
+BENCHMARK(composeItems)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace varn

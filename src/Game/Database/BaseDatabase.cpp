@@ -17,6 +17,7 @@ bool BaseDatabase::load(WStringView fileName, std::size_t minRows)
 bool BaseDatabase::load(const Element* root, std::size_t minRows)
 {
     clear();
+    refused = false;
     fileName.clear();
     const Element* const table = root ? findTableElement(*root) : nullptr;
     if (table)

@@ -74,6 +74,7 @@ bool TableFile::readDocument(XMLParser& parser, WStringView fileName)
 bool GameTable::load(WStringView name, std::size_t minRows)
 {
     clear();
+    refused = false;
     bool result = true;
     fileName = name;
     if (fileName.find(kXml) == WString::npos)
@@ -149,6 +150,7 @@ void GameTable::loadDat(WStringView datName)
     try {
         readDat(asBytes(*bytes));
     } catch (const Exception& fault) {
+        refused = true;
         host().showMessage(fault.getMessage());
     }
 }

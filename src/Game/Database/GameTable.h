@@ -61,7 +61,7 @@ class TableFile
     /// Rows, of all tables of the document.
     virtual std::size_t size() const = 0;
 
-    /// The last load met a document that could not be read: saving now would replace what the
+    /// The last load met a file that could not be read: saving now would replace or hide what the
     /// person may still repair.
     virtual bool wasRefused() const { return refused; }
 
@@ -105,6 +105,8 @@ class GameTable : public TableFile
     std::optional<std::size_t> findByName(WStringView name) const;
 
     void append(std::unique_ptr<GameRow> row) { datas.push_back(std::move(row)); }
+    /// Appends blank rows until there are `minRows`.
+    void pad(std::size_t minRows);
     void appendBlank() { append(newRow()); }
     /// Blank rows are added, or the last rows deleted. Throws Exception "Exception: Too much data"
     /// beyond kMaximumRows; the table then stays as it was.
@@ -134,7 +136,6 @@ class GameTable : public TableFile
 
     std::unique_ptr<GameRow> newRow() const { return getFieldTable().make(); }
     void readRows(const Element& table);
-    void pad(std::size_t minRows);
 
     std::vector<std::unique_ptr<GameRow>> datas;
     WString fileName;

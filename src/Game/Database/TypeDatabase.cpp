@@ -29,14 +29,16 @@ bool TypesFile::load(WStringView fileName, std::size_t minRows)
     XMLParser parser;
     if (readDocument(parser, fileName))
         return load(parser.getRootElement(), minRows);
-    load(nullptr, 0);
-    spellTypes().resize(minRows);
-    weaponTypes().resize(minRows);
+    for (GameTable* const table : {&spellTypes(), &weaponTypes()}) {
+        table->clear();
+        table->pad(minRows);
+    }
     return true;
 }
 
 bool TypesFile::load(const Element* root, std::size_t minRows)
 {
+    refused = false;
     const bool spells = spellTypes().GameTable::load(root, minRows);
     const bool weapons = weaponTypes().GameTable::load(root, minRows);
     return spells && weapons;

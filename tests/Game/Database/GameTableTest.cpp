@@ -74,6 +74,7 @@ TEST_F(GameTableTest, ReadsTheBinaryFormToItsEnd)
         EXPECT_EQ(host.messages, c.message.empty() ? std::vector<WString>()
                                                    : std::vector<WString>{WString(c.message)})
             << c.name;
+        EXPECT_EQ(states.wasRefused(), !c.message.empty()) << c.name;
         EXPECT_EQ(states.getFileName(), u"States.xml");
     }
 }
