@@ -1,5 +1,6 @@
 #include "Game/Map/GameEvent.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace varn {
@@ -33,7 +34,9 @@ class WarpTokens
         skipBlanksAndComments();
         std::size_t length = rest.empty() ? 0 : 1;
         if (length != 0 && isWord(rest[0])) {
-            while (length < rest.size() && isWord(rest[length]))
+            const bool isNumber = isDigit(rest[0]); // which may hold a point
+            while (length < rest.size() &&
+                   (isWord(rest[length]) || (isNumber && rest[length] == u'.')))
                 ++length;
         }
         const WStringView token = rest.substr(0, length);

@@ -75,8 +75,7 @@ TEST(GameEvent, IsATreasureBoxWhereItsTypeSaysSo)
     for (std::size_t i = 0; i < copy.size(); ++i) {
         const auto* treasure = dynamic_cast<const TreasureBoxEvent*>(&copy.at(i));
         EXPECT_EQ(treasure != nullptr, i == 1) << i;
-        if (treasure != nullptr)
-            EXPECT_EQ(treasure->treasureboxID, 3);
+        EXPECT_EQ(treasure != nullptr ? treasure->treasureboxID : 3, 3) << i;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Support/RecordingHost.h"
 #include "Support/TemporaryProject.h"
+#include "Util/TextFile.h"
 
 #include <gtest/gtest.h>
 

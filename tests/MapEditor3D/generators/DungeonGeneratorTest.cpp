@@ -2,6 +2,7 @@
 
 #include "Game/Map/MapPlan.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <numeric>
@@ -13,7 +14,7 @@ namespace {
 constexpr int kWall = 1;
 constexpr int kDoor = 2;
 
-struct Setup
+struct Recipe
 {
     std::uint32_t seed;
     int cols, rows;
@@ -28,14 +29,14 @@ struct Dungeon
     std::uint32_t wordBehind = 0; ///< the stream's next word: a measure of the draws taken
 };
 
-Dungeon generate(const Setup& setup)
+Dungeon generate(const Recipe& recipe)
 {
     Random random;
-    random.seed(setup.seed);
-    DungeonGenerator generator(setup.options, random);
+    random.seed(recipe.seed);
+    DungeonGenerator generator(recipe.options, random);
     Dungeon dungeon;
-    dungeon.map.cols = setup.cols;
-    dungeon.map.rows = setup.rows;
+    dungeon.map.cols = recipe.cols;
+    dungeon.map.rows = recipe.rows;
     generator.generate(dungeon.map);
     dungeon.rooms = generator.getRooms();
     dungeon.regions = generator.getRegions();
@@ -43,9 +44,9 @@ Dungeon generate(const Setup& setup)
     return dungeon;
 }
 
-std::vector<Setup> setups()
+std::vector<Recipe> recipes()
 {
-    std::vector<Setup> all;
+    std::vector<Recipe> all;
     std::uint32_t seed = 1;
     const std::pair<int, int> sizes[] = {{1, 1},   {1, 9},   {9, 1},   {2, 2},    {3, 5},
                                          {20, 20}, {33, 17}, {60, 50}, {100, 100}};
@@ -61,10 +62,10 @@ std::vector<Setup> setups()
     return all;
 }
 
-std::string nameOf(const Setup& setup)
+std::string nameOf(const Recipe& recipe)
 {
-    return std::to_string(setup.cols) + " by " + std::to_string(setup.rows) + " seed " +
-           std::to_string(setup.seed);
+    return std::to_string(recipe.cols) + " by " + std::to_string(recipe.rows) + " seed " +
+           std::to_string(recipe.seed);
 }
 
 /// Calls `visit(a, b, kind)` for each inner edge; cells are numbered y * cols + x.
@@ -147,9 +148,9 @@ void treatDeadEndsByPasses(WizMap& map, DeadEnds option)
 
 TEST(DungeonGenerator, WallsPairUpAndTheOuterOnesStand)
 {
-    for (const Setup& setup : setups()) {
+    for (const Recipe& recipe : recipes()) {
         for (const DeadEnds deadEnds : {DeadEnds::None, DeadEnds::Door, DeadEnds::AsIs}) {
-            Setup with = setup;
+            Recipe with = recipe;
             with.options.deadEnds = deadEnds;
             const WizMap map = generate(with).map;
             bool paired = true, closed = true, known = true;
@@ -170,15 +171,15 @@ TEST(DungeonGenerator, WallsPairUpAndTheOuterOnesStand)
 
 TEST(DungeonGenerator, JoinsEachPairOfNeighbouringRegionsByOneDoor)
 {
-    for (const Setup& setup : setups()) {
-        const Dungeon dungeon = generate(setup);
+    for (const Recipe& recipe : recipes()) {
+        const Dungeon dungeon = generate(recipe);
         const auto regionOf = [&](int cell) {
-            return dungeon.regions.at(cell % setup.cols, cell / setup.cols);
+            return dungeon.regions.at(cell % recipe.cols, cell / recipe.cols);
         };
         std::map<std::pair<int, int>, int> doors;
         bool onlyWalls = true, nothingInside = true;
         eachInnerEdge(dungeon.map, [&](int a, int b, int kind) {
-            const auto pair = std::minmax(regionOf(a), regionOf(b));
+            const auto pair = std::minmax({regionOf(a), regionOf(b)});
             if (pair.first == pair.second) {
                 nothingInside &= kind != kDoor;
                 return;
@@ -186,21 +187,22 @@ TEST(DungeonGenerator, JoinsEachPairOfNeighbouringRegionsByOneDoor)
             doors[pair] += kind == kDoor;
             onlyWalls &= kind == kDoor || kind == kWall;
         });
-        EXPECT_TRUE(onlyWalls && nothingInside) << nameOf(setup);
+        EXPECT_TRUE(onlyWalls && nothingInside) << nameOf(recipe);
         for (const auto& [pair, count] : doors)
-            EXPECT_EQ(count, 1) << nameOf(setup) << " regions " << pair.first << ' ' << pair.second;
+            EXPECT_EQ(count, 1) << nameOf(recipe) << " regions " << pair.first << ' '
+                                << pair.second;
     }
 }
 
 TEST(DungeonGenerator, RegionsAreOpenRoomsAndPerfectMazes)
 {
-    for (const Setup& setup : setups()) {
-        const Dungeon dungeon = generate(setup);
-        const int cells = setup.cols * setup.rows;
+    for (const Recipe& recipe : recipes()) {
+        const Dungeon dungeon = generate(recipe);
+        const int cells = recipe.cols * recipe.rows;
         Joined joined(cells);
         std::map<int, int> openings; // inside each region
         const auto regionOf = [&](int cell) {
-            return dungeon.regions.at(cell % setup.cols, cell / setup.cols);
+            return dungeon.regions.at(cell % recipe.cols, cell / recipe.cols);
         };
         eachInnerEdge(dungeon.map, [&](int a, int b, int kind) {
             if (kind == 0) {
@@ -216,14 +218,14 @@ TEST(DungeonGenerator, RegionsAreOpenRoomsAndPerfectMazes)
         }
         const int rooms = static_cast<int>(dungeon.rooms.size());
         for (const auto& [region, size] : sizes) {
-            EXPECT_EQ(parts[region].size(), 1U) << nameOf(setup) << " region " << region;
+            EXPECT_EQ(parts[region].size(), 1U) << nameOf(recipe) << " region " << region;
             if (region >= rooms) {
-                EXPECT_EQ(openings[region], size - 1) << nameOf(setup) << " region " << region;
+                EXPECT_EQ(openings[region], size - 1) << nameOf(recipe) << " region " << region;
                 continue;
             }
             const Rect& room = dungeon.rooms[static_cast<std::size_t>(region)];
-            EXPECT_EQ(size, room.width * room.height) << nameOf(setup) << " region " << region;
-            EXPECT_EQ(openings[region], 2 * size - room.width - room.height) << nameOf(setup);
+            EXPECT_EQ(size, room.width * room.height) << nameOf(recipe) << " region " << region;
+            EXPECT_EQ(openings[region], 2 * size - room.width - room.height) << nameOf(recipe);
             EXPECT_EQ(dungeon.regions.at(room.left, room.top), region);
             EXPECT_EQ(dungeon.regions.at(room.right - 1, room.bottom - 1), region);
         }
@@ -232,15 +234,15 @@ TEST(DungeonGenerator, RegionsAreOpenRoomsAndPerfectMazes)
 
 TEST(DungeonGenerator, TreatsDeadEndsAsWholePassesWould)
 {
-    for (const Setup& setup : setups()) {
-        const Dungeon asIs = generate(setup);
+    for (const Recipe& recipe : recipes()) {
+        const Dungeon asIs = generate(recipe);
         for (const DeadEnds option : {DeadEnds::None, DeadEnds::Door}) {
-            Setup treated = setup;
+            Recipe treated = recipe;
             treated.options.deadEnds = option;
             const Dungeon dungeon = generate(treated);
             WizMap expected = asIs.map;
             treatDeadEndsByPasses(expected, option);
-            EXPECT_TRUE(dungeon.map.cells == expected.cells) << nameOf(setup);
+            EXPECT_TRUE(dungeon.map.cells == expected.cells) << nameOf(recipe);
             EXPECT_EQ(dungeon.wordBehind, asIs.wordBehind) << "draws nothing";
         }
     }
@@ -248,9 +250,9 @@ TEST(DungeonGenerator, TreatsDeadEndsAsWholePassesWould)
 
 TEST(DungeonGenerator, LeavesSolidRockAndNoDeadEnds)
 {
-    for (Setup setup : setups()) {
-        setup.options.deadEnds = DeadEnds::None;
-        const WizMap map = generate(setup).map;
+    for (Recipe recipe : recipes()) {
+        recipe.options.deadEnds = DeadEnds::None;
+        const WizMap map = generate(recipe).map;
         Joined joined(map.cols * map.rows);
         bool solid = true;
         eachInnerEdge(map, [&](int a, int b, int kind) {
@@ -261,51 +263,52 @@ TEST(DungeonGenerator, LeavesSolidRockAndNoDeadEnds)
             if (kind != kWall)
                 joined.join(a, b);
         });
-        EXPECT_TRUE(solid) << nameOf(setup);
+        EXPECT_TRUE(solid) << nameOf(recipe);
         std::set<int> carvedParts;
         for (int cell = 0; cell < map.cols * map.rows; ++cell) {
             const WizMapData& data = map.cellAt(cell % map.cols, cell / map.cols);
             if (data.floor == 0) {
                 carvedParts.insert(joined.find(cell));
-                EXPECT_NE(countOpen(data), 1) << nameOf(setup) << " cell " << cell;
+                EXPECT_NE(countOpen(data), 1) << nameOf(recipe) << " cell " << cell;
             }
         }
-        EXPECT_LE(carvedParts.size(), 1U) << nameOf(setup);
+        EXPECT_LE(carvedParts.size(), 1U) << nameOf(recipe);
     }
 }
 
 TEST(DungeonGenerator, MirrorsRoomsOnTheMiddle)
 {
-    for (const Setup& setup : setups()) {
-        if (setup.options.layout != Layout::Symmetric)
+    for (const Recipe& recipe : recipes()) {
+        if (recipe.options.layout != Layout::Symmetric)
             continue;
-        const Dungeon dungeon = generate(setup);
-        const int middle = setup.cols / 2;
+        const Dungeon dungeon = generate(recipe);
+        const int middle = recipe.cols / 2;
         for (const Rect& room : dungeon.rooms) {
             if (room.left < middle && middle < room.right) {
-                EXPECT_EQ(room.width % 2, 0) << nameOf(setup);
-                EXPECT_EQ(room.left, middle - room.width / 2) << nameOf(setup);
+                EXPECT_EQ(room.width % 2, 0) << nameOf(recipe);
+                EXPECT_EQ(room.left, middle - room.width / 2) << nameOf(recipe);
                 continue;
             }
             // The twin stands too, unless another room stood in its place.
-            const Rect twin(setup.cols - room.left - room.width, room.top, room.width, room.height);
+            const Rect twin(recipe.cols - room.left - room.width, room.top, room.width,
+                            room.height);
             bool found = false;
             for (const Rect& other : dungeon.rooms)
                 found |= other == twin || other.overlaps(twin);
-            EXPECT_TRUE(found) << nameOf(setup);
+            EXPECT_TRUE(found) << nameOf(recipe);
         }
     }
 }
 
 TEST(DungeonGenerator, IsRepeatedByItsSeed)
 {
-    const Setup setup = {77, 40, 30, {}};
-    Setup other = setup;
+    const Recipe recipe = {77, 40, 30, {}};
+    Recipe other = recipe;
     other.seed = 78;
-    EXPECT_TRUE(generate(setup).map.cells == generate(setup).map.cells);
-    EXPECT_FALSE(generate(setup).map.cells == generate(other).map.cells);
+    EXPECT_TRUE(generate(recipe).map.cells == generate(recipe).map.cells);
+    EXPECT_FALSE(generate(recipe).map.cells == generate(other).map.cells);
 
-    // A second run of one generator goes on in the stream, and starts its regions anew.
+    // A generator that runs again goes on in the stream, and starts its regions anew.
     Random random;
     random.seed(77);
     DungeonGenerator generator({}, random);
