@@ -1,8 +1,8 @@
 #include "Util/CodePage.h"
 
-#include "Util/AsciiRun.h"
 #include "Util/CodePageTables.h"
 #include "Util/Exception.h"
+#include "Util/SliceConversion.h"
 
 #include <algorithm>
 #include <iconv.h>
@@ -175,96 +175,87 @@ JisTables makeJisTables()
 
 WString decodeWith(const DoubleByteTable& table, std::string_view bytes)
 {
-    WString wide(bytes.size(), u'\0');
-    char16_t* out = wide.data();
-    for (std::size_t at = 0; at < bytes.size();) {
-        const auto byte = static_cast<unsigned char>(bytes[at]);
-        if (byte < 0x80) {
-            const std::size_t run = asciiRun(bytes.data() + at, bytes.size() - at);
-            for (std::size_t i = 0; i < run; ++i)
-                out[i] = static_cast<unsigned char>(bytes[at + i]);
+    return convertBySlices<char16_t, 1>(bytes.size(), [&](std::size_t& at, std::size_t sliceEnd,
+                                                          char16_t* out) {
+        while (at < sliceEnd) {
+            const std::size_t run = copyAscii(bytes.data() + at, sliceEnd - at, out);
             out += run;
             at += run;
-            continue;
+            while (at < sliceEnd && static_cast<unsigned char>(bytes[at]) >= 0x80) {
+                const auto byte = static_cast<unsigned char>(bytes[at++]);
+                char16_t unit = table.single[byte];
+                if (unit == DoubleByteTable::kLead) {
+                    const bool paired =
+                        at < bytes.size() && table.isTrail(static_cast<unsigned char>(bytes[at]));
+                    unit =
+                        paired ? table.pair(byte, static_cast<unsigned char>(bytes[at++])) : u'\0';
+                }
+                *out++ = unit != 0 ? unit : table.substitute;
+            }
         }
-        ++at;
-        char16_t unit = table.single[byte];
-        if (unit == DoubleByteTable::kLead) {
-            unit = 0;
-            if (at < bytes.size() && table.isTrail(static_cast<unsigned char>(bytes[at])))
-                unit = table.pair(byte, static_cast<unsigned char>(bytes[at++]));
-        }
-        *out++ = unit != 0 ? unit : table.substitute;
-    }
-    wide.resize(static_cast<std::size_t>(out - wide.data()));
-    return wide;
+        return out;
+    });
 }
 
-/// Encodes with a function that appends one character that is no ASCII and says whether it could.
-template <typename AppendCharacter>
-std::string encodeWith(WStringView text, std::size_t mostBytes, AppendCharacter append)
+/// Encodes with a function that writes one unit that is no ASCII and gives the end of what it
+/// wrote, or null where the code page lacks it.
+template <std::size_t most, typename Put>
+std::string encodeWith(WStringView text, Put put)
 {
-    std::string bytes(text.size() * mostBytes, '\0');
-    char* out = bytes.data();
-    for (std::size_t at = 0; at < text.size();) {
-        const char16_t unit = text[at];
-        if (unit < 0x80) {
-            const std::size_t run = asciiRun(text.data() + at, text.size() - at);
-            for (std::size_t i = 0; i < run; ++i)
-                out[i] = static_cast<char>(text[at + i]);
+    return convertBySlices<char, most>(text.size(), [&](std::size_t& at, std::size_t sliceEnd,
+                                                        char* out) {
+        while (at < sliceEnd) {
+            const std::size_t run = copyAscii(text.data() + at, sliceEnd - at, out);
             out += run;
             at += run;
-            continue;
+            while (at < sliceEnd && text[at] >= 0x80) {
+                const char16_t unit = text[at++];
+                if (char* end = put(unit, out)) {
+                    out = end;
+                    continue;
+                }
+                *out++ = '?';
+                const bool highSurrogate = unit >= 0xD800 && unit < 0xDC00;
+                if (highSurrogate && at < text.size() && text[at] >= 0xDC00 && text[at] < 0xE000)
+                    ++at; // one character of two units, one mark
+            }
         }
-        ++at;
-        if (append(unit, out))
-            continue;
-        *out++ = '?';
-        const bool highSurrogate = unit >= 0xD800 && unit < 0xDC00;
-        if (highSurrogate && at < text.size() && text[at] >= 0xDC00 && text[at] < 0xE000)
-            ++at; // one character of two units, one mark
-    }
-    bytes.resize(static_cast<std::size_t>(out - bytes.data()));
-    return bytes;
+        return out;
+    });
 }
 
-void put16(char*& out, unsigned code)
+char* put8(char* out, unsigned byte)
 {
-    *out++ = static_cast<char>(code >> 8);
-    *out++ = static_cast<char>(code);
+    *out = static_cast<char>(byte);
+    return out + 1;
+}
+
+char* put16(char* out, unsigned pair)
+{
+    return put8(put8(out, pair >> 8), pair);
 }
 
 std::string encodeDoubleByte(const DoubleByteTable& table, WStringView text)
 {
-    return encodeWith(text, 2, [&](char16_t unit, char*& out) {
+    return encodeWith<2>(text, [&](char16_t unit, char* out) -> char* {
         const unsigned code = table.codes[unit];
         if (code == 0)
-            return false;
-        if (code > 0xFF)
-            put16(out, code);
-        else
-            *out++ = static_cast<char>(code);
-        return true;
+            return nullptr;
+        return code > 0xFF ? put16(out, code) : put8(out, code);
     });
 }
 
 std::string encodeEucJp(WStringView text)
 {
-    return encodeWith(text, 3, [&](char16_t unit, char*& out) {
-        const JisTables& jis = jisTables();
-        if (const unsigned code = jis.codes208[unit]) {
-            put16(out, code | 0x8080);
-        } else if (unit >= 0xFF61 && unit <= 0xFF9F) {
-            put16(out, 0x8EA1u + (unit - 0xFF61));
-        } else if (const unsigned code212 = jis.codes212[unit]) {
-            *out++ = '\x8F';
-            put16(out, code212 | 0x8080);
-        } else if (const char roman = romanByte(unit)) {
-            *out++ = roman;
-        } else {
-            return false;
-        }
-        return true;
+    return encodeWith<3>(text, [&jis = jisTables()](char16_t unit, char* out) -> char* {
+        if (const unsigned code = jis.codes208[unit])
+            return put16(out, code | 0x8080);
+        if (unit >= 0xFF61 && unit <= 0xFF9F)
+            return put16(out, 0x8EA1u + (unit - 0xFF61));
+        if (const unsigned code = jis.codes212[unit])
+            return put16(put8(out, 0x8F), code | 0x8080);
+        const char roman = romanByte(unit);
+        return roman != 0 ? put8(out, static_cast<unsigned char>(roman)) : nullptr;
     });
 }
 

@@ -1,7 +1,7 @@
 #include "Util/Text.h"
 
-#include "Util/AsciiRun.h"
 #include "Util/CodePage.h"
+#include "Util/SliceConversion.h"
 
 #include <algorithm>
 #include <charconv>
@@ -66,6 +66,11 @@ LeadByte describeLead(unsigned char lead)
 char32_t readSequence(std::string_view utf8, std::size_t& used)
 {
     const auto lead = static_cast<unsigned char>(utf8[0]);
+    const bool usual = lead > 0xE0 && lead < 0xF0 && lead != 0xED; // kana, kanji and most others
+    if (usual && utf8.size() >= 3 && isContinuation(utf8[1]) && isContinuation(utf8[2])) {
+        used = 3;
+        return static_cast<char32_t>((lead & 0xF) << 12 | (utf8[1] & 0x3F) << 6 | (utf8[2] & 0x3F));
+    }
     const auto [length, low, high] = describeLead(lead);
     used = 1;
     if (length == 0 || utf8.size() < 2)
@@ -100,6 +105,32 @@ char32_t nextCodePoint(WStringView text, std::size_t& at)
     return 0x10000 + ((unit - 0xD800) << 10) + (text[at++] - 0xDC00);
 }
 
+char16_t* putUtf16(char32_t code, char16_t* out)
+{
+    if (code >= 0x10000) {
+        *out++ = static_cast<char16_t>(0xD7C0 + (code >> 10));
+        code = 0xDC00 + (code & 0x3FF);
+    }
+    *out++ = static_cast<char16_t>(code);
+    return out;
+}
+
+/// Writes a code point of 0x80 or more; a lone surrogate becomes U+FFFD.
+char* putUtf8(char32_t code, char* out)
+{
+    if (isHighSurrogate(code) || isLowSurrogate(code))
+        code = kReplacement;
+    if (code >= 0x10000) {
+        *out++ = static_cast<char>(0xF0 | code >> 18);
+        *out++ = static_cast<char>(0x80 | (code >> 12 & 0x3F));
+    } else if (code >= 0x800) {
+        *out++ = static_cast<char>(0xE0 | code >> 12);
+    }
+    *out++ = static_cast<char>(code >= 0x800 ? 0x80 | (code >> 6 & 0x3F) : 0xC0 | code >> 6);
+    *out++ = static_cast<char>(0x80 | (code & 0x3F));
+    return out;
+}
+
 char16_t foldAscii(char16_t unit)
 {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
@@ -124,60 +155,35 @@ std::string narrow(WStringView wide)
 
 WString fromUtf8(std::string_view utf8)
 {
-    WString wide(utf8.size(), u'\0');
-    char16_t* out = wide.data();
-    for (std::size_t at = 0; at < utf8.size();) {
-        const std::size_t run = asciiRun(utf8.data() + at, utf8.size() - at);
-        for (std::size_t i = 0; i < run; ++i)
-            out[i] = static_cast<unsigned char>(utf8[at + i]);
-        out += run;
-        at += run;
-        while (at < utf8.size() && static_cast<unsigned char>(utf8[at]) >= 0x80) {
-            std::size_t used = 1;
-            const char32_t code = readSequence(utf8.substr(at), used);
-            at += used;
-            if (code >= 0x10000) {
-                *out++ = static_cast<char16_t>(0xD7C0 + (code >> 10));
-                *out++ = static_cast<char16_t>(0xDC00 + (code & 0x3FF));
-            } else {
-                *out++ = static_cast<char16_t>(code);
+    return convertBySlices<char16_t, 1>(
+        utf8.size(), [utf8](std::size_t& at, std::size_t sliceEnd, char16_t* out) {
+            while (at < sliceEnd) {
+                const std::size_t run = copyAscii(utf8.data() + at, sliceEnd - at, out);
+                out += run;
+                at += run;
+                while (at < sliceEnd && static_cast<unsigned char>(utf8[at]) >= 0x80) {
+                    std::size_t used = 1;
+                    out = putUtf16(readSequence(utf8.substr(at), used), out);
+                    at += used;
+                }
             }
-        }
-    }
-    wide.resize(static_cast<std::size_t>(out - wide.data()));
-    return wide;
+            return out;
+        });
 }
 
 std::string toUtf8(WStringView wide)
 {
-    std::string utf8(wide.size() * 3, '\0'); // a pair of units takes four bytes, a single one three
-    char* out = utf8.data();
-    for (std::size_t at = 0; at < wide.size();) {
-        const std::size_t run = asciiRun(wide.data() + at, wide.size() - at);
-        for (std::size_t i = 0; i < run; ++i)
-            out[i] = static_cast<char>(wide[at + i]);
-        out += run;
-        at += run;
-        while (at < wide.size() && wide[at] >= 0x80) {
-            char32_t code = nextCodePoint(wide, at);
-            if (isHighSurrogate(code) || isLowSurrogate(code))
-                code = kReplacement;
-            if (code < 0x800) {
-                *out++ = static_cast<char>(0xC0 | code >> 6);
-            } else {
-                if (code < 0x10000) {
-                    *out++ = static_cast<char>(0xE0 | code >> 12);
-                } else {
-                    *out++ = static_cast<char>(0xF0 | code >> 18);
-                    *out++ = static_cast<char>(0x80 | (code >> 12 & 0x3F));
-                }
-                *out++ = static_cast<char>(0x80 | (code >> 6 & 0x3F));
+    return convertBySlices<char, 3>(
+        wide.size(), [wide](std::size_t& at, std::size_t sliceEnd, char* out) {
+            while (at < sliceEnd) {
+                const std::size_t run = copyAscii(wide.data() + at, sliceEnd - at, out);
+                out += run;
+                at += run;
+                while (at < sliceEnd && wide[at] >= 0x80)
+                    out = putUtf8(nextCodePoint(wide, at), out);
             }
-            *out++ = static_cast<char>(0x80 | (code & 0x3F));
-        }
-    }
-    utf8.resize(static_cast<std::size_t>(out - utf8.data()));
-    return utf8;
+            return out;
+        });
 }
 
 std::string cutToField(std::string_view text, std::size_t limit)

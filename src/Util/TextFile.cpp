@@ -146,31 +146,41 @@ void copyUnits(void* to, const void* from, std::size_t count, std::endian order)
         std::swap(bytes[2 * i], bytes[2 * i + 1]);
 }
 
+/// True when one of the units is zero; `count` is a multiple of 4. Per unit: the subtraction
+/// borrows into the highest bit of a unit that had it clear only below a zero.
+bool hasZeroUnit(const char16_t* units, std::size_t count)
+{
+    std::uint64_t found = 0;
+    for (std::size_t i = 0; i < count; i += 4) {
+        std::uint64_t four = 0;
+        std::memcpy(&four, units + i, sizeof four);
+        found |= (four - 0x0001000100010001u) & ~four;
+    }
+    return (found & 0x8000800080008000u) != 0;
+}
+
 /// Text up to the first zero unit; a byte that is left over at the end is the first half of a unit.
 /// Goes by blocks that stay in the nearest cache, so the whole costs one pass over memory.
 WString decodeUtf16(ByteSpan bytes, std::endian order)
 {
-    constexpr std::size_t kBlock = 2048;
+    constexpr std::size_t kBlock = 512;
     char16_t block[kBlock];
     WString text;
     text.reserve((bytes.size() + 1) / 2);
-    while (!bytes.empty()) {
-        const std::size_t count = std::min(kBlock, (bytes.size() + 1) / 2);
-        const std::size_t whole = std::min(bytes.size() / 2, count);
-        copyUnits(block, bytes.data(), whole, order);
-        if (whole < count) {
-            const std::byte last[2] = {bytes.back(), std::byte{0}};
-            copyUnits(block + whole, last, 1, order);
-        }
-        bytes = bytes.subspan(std::min(bytes.size(), count * 2));
-        unsigned zeros = 0;
-        for (std::size_t i = 0; i < count; ++i)
-            zeros |= block[i] == 0 ? 1u : 0u;
-        if (zeros != 0)
-            return text.append(block, std::find(block, block + count, u'\0'));
-        text.append(block, count);
+    while (bytes.size() >= sizeof block) {
+        copyUnits(block, bytes.data(), kBlock, order);
+        if (hasZeroUnit(block, kBlock))
+            return text.append(block, std::find(block, block + kBlock, u'\0'));
+        text.append(block, kBlock);
+        bytes = bytes.subspan(sizeof block);
     }
-    return text;
+    copyUnits(block, bytes.data(), bytes.size() / 2, order);
+    std::size_t count = bytes.size() / 2;
+    if (bytes.size() % 2 != 0) {
+        const std::byte last[2] = {bytes.back(), std::byte{0}};
+        copyUnits(block + count++, last, 1, order);
+    }
+    return text.append(block, std::find(block, block + count, u'\0'));
 }
 
 std::string encodeUtf16(WStringView text, std::endian order)
