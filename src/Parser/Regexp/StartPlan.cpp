@@ -180,9 +180,10 @@ std::optional<Probe> chooseProbe(const std::vector<UnitSet>& places, const UnitS
 
 // ---- what the code begins with
 
-bool takesNothing(Op op)
+/// Units that an instruction takes, if it always takes as many and goes on to the next.
+std::optional<int> unitsOf(const Instruction& instruction)
 {
-    switch (op) {
+    switch (instruction.op) {
     case Op::Save:
     case Op::TextBegin:
     case Op::LineBegin:
@@ -195,19 +196,28 @@ bool takesNothing(Op op)
     case Op::PeekSetBack:
     case Op::PeekNotSet:
     case Op::PeekNotSetBack:
-        return true;
+        return 0;
+    case Op::Unit:
+    case Op::Pair:
+    case Op::Set:
+        return 1;
+    case Op::Text:
+        return static_cast<int>(instruction.b);
     default:
-        return false;
+        return std::nullopt;
     }
 }
 
-std::uint32_t leadingStretchOf(const Program& program)
+void planLeadingRun(const Program& program, StartPlan& plan)
 {
-    const auto leading = std::find_if(program.code.begin(), program.code.end(),
-                                      [](const Instruction& i) { return !takesNothing(i.op); });
-    const bool run = leading->op == Op::RunGreedy || leading->op == Op::RunReluctant ||
-                     leading->op == Op::RunPossessive;
-    return run ? program.runs[leading->a].stretch : kNone;
+    int taken = 0;
+    auto at = program.code.begin();
+    for (; const std::optional<int> units = unitsOf(*at); ++at)
+        taken += *units;
+    if (at->op != Op::RunGreedy && at->op != Op::RunReluctant && at->op != Op::RunPossessive)
+        return;
+    plan.leadingStretch = program.runs[at->a].stretch;
+    plan.leadingUnits = taken;
 }
 
 StartPlan::Kind kindOf(const Program& program, const UnitSet& firstUnits)
@@ -243,7 +253,7 @@ StartPlan planStart(const Pattern& pattern, const Program& program, const UnitSe
             plan.kind = StartPlan::Kind::FirstUnit;
         return plan;
     }
-    plan.leadingStretch = leadingStretchOf(program);
+    planLeadingRun(program, plan);
     plan.kind = kindOf(program, firstUnits);
     if (plan.kind == StartPlan::Kind::TextBegin || plan.kind == StartPlan::Kind::SearchStart)
         return plan;
