@@ -113,9 +113,13 @@ struct Field
     Kind kind = Kind::Custom;
     NumberType number = NumberType::None;
     NumberForm form = NumberForm::Plain;
-    std::uint16_t count = 1;   ///< entries of an array, CDATA texts, bytes of a fixed text's room
-    std::uint16_t limit = 0;   ///< bytes a fixed text can take, its terminator included
-    std::int32_t fallback = 0; ///< what a missing attribute reads as
+    std::uint16_t count = 1; ///< entries of an array, CDATA texts, bytes of a fixed text's room
+    static constexpr std::int8_t kAttribute = -1;
+    /// The text stands in the child element with this position, of any name, and is written as one
+    /// named by the key; kAttribute: it stands in an attribute.
+    std::int8_t child = kAttribute;
+    std::uint16_t limit = 0;              ///< bytes a fixed text can take, its terminator included
+    std::int32_t fallback = 0;            ///< what a missing attribute reads as
     void* (*place)(GameRow&) = nullptr;   ///< the stored value; null for children
     const WrittenRule* written = nullptr; ///< null: always
     OlderKey older = {};
@@ -126,11 +130,6 @@ struct Field
     std::span<const WStringView> choices = {};
     const ChildRows* children = nullptr;
     const Codec* codec = nullptr;
-    /// The text stands in the child element with this position, of any name, and is written as one
-    /// named by the key; kAttribute: it stands in an attribute.
-    std::int8_t child = kAttribute;
-
-    static constexpr std::int8_t kAttribute = -1;
 
     // Each gives the field with one thing changed, so a row of a table reads as a sentence.
     constexpr Field orElse(std::int32_t value) const

@@ -101,10 +101,10 @@ struct Access<std::vector<T>>
 #define VARN_ARRAY_FIELD(Noun, place)                                                              \
     std::remove_extent_t<decltype(place)> get##Noun(std::size_t index) const                       \
     {                                                                                              \
-        return index < std::size(place) ? place[index] : 0;                                        \
+        return index < std::size(place) ? (place)[index] : 0;                                      \
     }                                                                                              \
     void set##Noun(std::size_t index, std::remove_extent_t<decltype(place)> value)                 \
     {                                                                                              \
         if (index < std::size(place))                                                              \
-            place[index] = value;                                                                  \
+            (place)[index] = value;                                                                \
     }
