@@ -13,6 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     varn::GameResourceManager manager;
     manager.fromElement(*parser.getRootElement());
     const varn::WString text = manager.toDocument();
+    for (const varn::WString& path : manager.usedFiles()) {
+        if (path.find_first_of(u"\r\n") != varn::WString::npos)
+            return 0; // an attribute does not keep line breaks
+    }
 
     varn::XMLParser own;
     if (own.tryParse(text))
