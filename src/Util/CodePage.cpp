@@ -5,6 +5,7 @@
 #include "Util/SliceConversion.h"
 
 #include <algorithm>
+#include <bit>
 #include <iconv.h>
 
 namespace varn {
@@ -16,7 +17,9 @@ namespace {
 class SystemConverter
 {
   public:
-    explicit SystemConverter(const char* name) : handle(iconv_open("UTF-16LE", name))
+    explicit SystemConverter(const char* name)
+        : handle(iconv_open(std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE",
+                            name))
     {
         if (handle == reinterpret_cast<iconv_t>(-1))
             throw Exception(u"The system has no converter for the encoding " + fromUtf8(name));
@@ -25,20 +28,28 @@ class SystemConverter
     SystemConverter(const SystemConverter&) = delete;
     SystemConverter& operator=(const SystemConverter&) = delete;
 
-    /// The unit that these bytes name, or 0: they name nothing, or more than one unit.
-    char16_t convert(std::string_view character)
+    /// The units that characters of `width` bytes each name, in their order; 0 for those that name
+    /// none.
+    std::vector<char16_t> convert(std::string_view characters, std::size_t width)
     {
-        iconv(handle, nullptr, nullptr, nullptr, nullptr);
+        std::vector<char16_t> units(characters.size() / width);
         char* in =
-            const_cast<char*>(character.data()); // iconv's parameter is historical, it only reads
-        std::size_t inLeft = character.size();
-        char units[8];
-        char* out = units;
-        std::size_t outLeft = sizeof units;
-        if (iconv(handle, &in, &inLeft, &out, &outLeft) != 0 || out != units + 2)
-            return 0;
-        return static_cast<char16_t>(static_cast<unsigned char>(units[0]) |
-                                     static_cast<unsigned char>(units[1]) << 8);
+            const_cast<char*>(characters.data()); // iconv's parameter is historical, it only reads
+        std::size_t inLeft = characters.size();
+        while (inLeft > 0) {
+            const std::size_t first = (characters.size() - inLeft) / width;
+            char* out = reinterpret_cast<char*>(units.data() + first);
+            std::size_t outLeft = (units.size() - first) * sizeof(char16_t);
+            iconv(handle, nullptr, nullptr, nullptr, nullptr);
+            if (iconv(handle, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1))
+                break;
+            // It stopped before a character that it does not know.
+            const std::size_t known = (characters.size() - inLeft) / width;
+            units[known] = 0;
+            in = const_cast<char*>(characters.data()) + (known + 1) * width;
+            inLeft = characters.size() - (known + 1) * width;
+        }
+        return units;
     }
 
   private:
@@ -49,10 +60,14 @@ class SystemConverter
 void enterPairs(DoubleByteTable& table, SystemConverter& system, unsigned first, unsigned last)
 {
     for (unsigned lead = first; lead <= last; ++lead) {
-        for (unsigned trail = table.firstTrail; trail < 0xFF; ++trail) {
-            const char bytes[] = {static_cast<char>(lead), static_cast<char>(trail)};
-            if (const char16_t unit = system.convert({bytes, 2}))
+        std::string row;
+        for (unsigned trail = table.firstTrail; trail < 0xFF; ++trail)
+            row.append({static_cast<char>(lead), static_cast<char>(trail)});
+        unsigned trail = table.firstTrail;
+        for (const char16_t unit : system.convert(row, 2)) {
+            if (unit != 0)
                 table.enter(lead, trail, unit);
+            ++trail;
         }
     }
 }
@@ -151,18 +166,20 @@ JisTables makeJisTables()
     const DoubleByteTable& table932 = shiftJisTable();
     SystemConverter system("EUC-JP");
     for (unsigned row = 0x21; row <= 0x7E; ++row) {
-        for (unsigned cell = 0x21; cell <= 0x7E; ++cell) {
-            const auto jis = static_cast<std::uint16_t>(row << 8 | cell);
+        std::string characters212;
+        for (unsigned cell = 0x21; cell <= 0x7E; ++cell)
+            characters212.append(
+                {'\x8F', static_cast<char>(row | 0x80), static_cast<char>(cell | 0x80)});
+        auto jis = static_cast<std::uint16_t>(row << 8 | 0x21);
+        for (const char16_t unit212 : system.convert(characters212, 3)) {
             const std::uint16_t pair = shiftJisFromJis(jis);
             const char16_t unit208 = table932.pair(pair >> 8, pair & 0xFF);
             if (unit208 != 0 && tables.codes208[unit208] == 0)
                 tables.codes208[unit208] = jis;
-            const char bytes[] = {'\x8F', static_cast<char>(row | 0x80),
-                                  static_cast<char>(cell | 0x80)};
-            const char16_t unit212 = system.convert({bytes, 3});
             tables.units212[jis] = unit212;
             if (unit212 != 0)
                 tables.codes212[unit212] = jis;
+            ++jis;
         }
     }
     for (unsigned unit = 0; unit < 0x10000; ++unit) { // the aliases, U+301C and its like

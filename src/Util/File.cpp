@@ -67,6 +67,12 @@ fs::path folderOf(const fs::path& path)
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
+/// True when the bytes are as safe as the file system can make them; some have no such call.
+bool sync(int handle)
+{
+    return ::fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
 void syncFolder(const fs::path& folder)
 {
     int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -142,7 +148,7 @@ bool overwrite(int from, int to)
     }
     if (!S_ISREG(old.st_mode))
         return true;
-    return ::ftruncate(to, source.st_size) == 0 && ::fsync(to) == 0;
+    return ::ftruncate(to, source.st_size) == 0 && sync(to);
 }
 
 } // namespace
@@ -295,7 +301,7 @@ bool FileReplacement::commit()
 
 bool FileReplacement::commitByName()
 {
-    if (::fsync(handle) != 0)
+    if (!sync(handle))
         return false;
     if (temporary.empty() &&
         withScratchName(folderOf(target), temporary, [&](const fs::path& name) {
@@ -304,7 +310,7 @@ bool FileReplacement::commitByName()
         }) < 0)
         return false;
     if (::rename(temporary.c_str(), target.c_str()) != 0)
-        return false;
+        return commitInPlace(); // another's file in a sticky folder, a file that is a mount point
     temporary.clear();
     syncFolder(folderOf(target));
     return true;

@@ -130,6 +130,13 @@ TEST(FileReplacement, WritesInPlaceWhereTheFolderRefusesNewNames)
                replaceFile("closed/a", asBytes("new")) && !replaceFile("closed/b", asBytes("new"));
     }));
     EXPECT_EQ(project.read("closed/a"), "new");
+
+    project.write("sticky/a", "old"); // takes new names, but gives up only one's own
+    fs::permissions("sticky/a", fs::perms(0666));
+    fs::permissions("sticky", fs::perms(01777));
+    EXPECT_TRUE(test::holdsForOrdinaryUser([] { return replaceFile("sticky/a", asBytes("new")); }));
+    EXPECT_EQ(project.read("sticky/a"), "new");
+    EXPECT_EQ(entriesOf("sticky"), 1u);
 }
 
 /// The limit stands for a full disk: the write that passes it fails, or kills the process.
