@@ -27,6 +27,7 @@ class Track:
     def __init__(self, channel, program=None, volume=100, pan=64, reverb=50):
         self.channel = channel
         self.events = []  # (tick, order, bytes)
+        self.lastOff = {}  # of each pitch, where its latest note-off stands in `events`
         self.at = 0.0
         if program is not None:
             self.put(0, 0, bytes((0xC0 | channel, program)))
@@ -42,10 +43,18 @@ class Track:
             for pitches, beats in notes(line):
                 stress = 6 if self.at % 1 == 0 else 0
                 for note in pitches:
-                    self.put(self.at, 2, bytes((0x90 | self.channel, note, min(127, velocity + stress))))
-                    self.put(self.at + beats * held, 1, bytes((0x80 | self.channel, note, 0)))
+                    self.strike(note, min(127, velocity + stress), beats * held)
                 self.at += beats
         return self
+
+    def strike(self, note, velocity, beats):
+        """A note from here on; the same pitch, where it still rings, is let go first."""
+        self.put(self.at, 2, bytes((0x90 | self.channel, note, velocity)))
+        if note in self.lastOff:
+            tick, order, data = self.events[self.lastOff[note]]
+            self.events[self.lastOff[note]] = (min(tick, self.events[-1][0]), order, data)
+        self.put(self.at + beats, 1, bytes((0x80 | self.channel, note, 0)))
+        self.lastOff[note] = len(self.events) - 1
 
     def rest(self, beats):
         self.at += beats
@@ -58,9 +67,12 @@ class Track:
         """Keeps the song open to its last beat: a song ends with its last event."""
         self.put(beat, 3, bytes((0xB0 | self.channel, 11, 127)))
 
-    def compose(self):
+    def compose(self, endBeat):
+        """The track's bytes. What rings on past the end is let go there, or the loop would limp."""
         out, last = bytearray(), 0
-        for tick, _, data in sorted(self.events, key=lambda event: event[:2]):
+        end = int(round(endBeat * DIVISION))
+        events = [(min(tick, end), order, data) for tick, order, data in self.events]
+        for tick, _, data in sorted(events, key=lambda event: event[:2]):
             out += _variable(tick - last) + data
             last = tick
         out += b"\x00\xff\x2f\x00"
@@ -94,7 +106,7 @@ class Song:
         self.tracks[1].end_at(endBeat)
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_bytes(b"MThd" + struct.pack(">IHHH", 6, 1, len(self.tracks), DIVISION)
-                         + b"".join(track.compose() for track in self.tracks))
+                         + b"".join(track.compose(endBeat) for track in self.tracks))
 
 
 def arpeggio(chord, pattern, beats):
