@@ -1,3 +1,4 @@
+#include "Parser/LargePages.h"
 #include "Parser/NodeBlocks.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@ void* NodeArena::Blocks::allocateInNewBlock(std::size_t bytes)
     const std::size_t size = std::max(bytes, nextSize);
     blocks.push_back({std::make_unique_for_overwrite<std::byte[]>(size), size});
     std::byte* const memory = blocks.back().memory.get();
+    preferLargePages(memory, size);
     nextSize = std::min(std::max(nextSize, size) * 2, kLargestBlock);
     const std::size_t left = size - bytes;
     if (left >= static_cast<std::size_t>(limit - at)) {

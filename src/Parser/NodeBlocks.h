@@ -24,7 +24,7 @@ static_assert(alignof(Attribute) <= alignof(std::size_t));
 struct NodeArena::Blocks
 {
     static constexpr std::size_t kFirstBlock = 2 * 1024;
-    static constexpr std::size_t kLargestBlock = 4 * 1024 * 1024;
+    static constexpr std::size_t kLargestBlock = 16 * 1024 * 1024;
 
     NodeArena* arena = nullptr;        ///< follows the arena when that is moved
     WString document;                  ///< a parsed text that nodes view

@@ -1,6 +1,7 @@
 #include "Parser/XMLParser.h"
 
 #include "Parser/ElementWriter.h"
+#include "Parser/LargePages.h"
 #include "Parser/NodeBlocks.h"
 #include "Parser/UnitSearch.h"
 #include "Parser/XmlDeclaration.h"
@@ -25,7 +26,10 @@ struct FileBytes
 {
     explicit FileBytes(std::size_t size)
         : memory(new (std::nothrow) std::byte[size + sizeof(char16_t)]), size(size)
-    {}
+    {
+        if (memory != nullptr)
+            preferLargePages(memory.get(), size);
+    }
     std::span<std::byte> span() const { return {memory.get(), size}; }
     void cutTo(std::size_t count)
     {
@@ -203,6 +207,7 @@ WString XMLParser::compose() const
     assert(state->document.root != nullptr);
     WString text;
     text.reserve(state->expectedUnits());
+    preferLargePages(text.data(), text.capacity() * sizeof(char16_t));
     text += declarationForSaving(state->document);
     text += u"\r\n";
     writeTree(text, *state->document.root, 0);
@@ -217,6 +222,7 @@ std::string XMLParser::composeBytes() const
     if (encoding != Encoding::Unicode)
         return bytes + encodeText(compose(), encoding).value();
     bytes.reserve(state->expectedUnits() * sizeof(char16_t));
+    preferLargePages(bytes.data(), bytes.capacity());
     bytes += encodeText(declarationForSaving(state->document), encoding).value();
     bytes += encodeText(u"\r\n", encoding).value();
     writeTree(bytes, *state->document.root, 0);
