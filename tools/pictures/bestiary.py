@@ -4,8 +4,8 @@ import beasts
 import haunts
 import undead
 from beasts import glow
-from solid import Material, box, capsule, cylinder, ellipsoid, sphere, torus
-from undead import BONE, GOLD, IRON, WAX, WEED, WOOD
+from solid import Material, capsule, cylinder, ellipsoid, sphere, torus
+from undead import BONE, GOLD, IRON, WEED, WOOD
 
 SIDE, BOSS_SIDE = 192, 256
 

@@ -3,7 +3,7 @@
 import math
 from random import Random
 
-from field import bytesOf, clouds, lit, mix, mix3, noise, sheltered, smooth
+from field import bytesOf, clouds, lit, mix3, noise, sheltered, smooth
 from masonry import SIDE
 
 BONE_DARK, BONE_LIGHT = (0.38, 0.29, 0.19), (0.86, 0.78, 0.62)

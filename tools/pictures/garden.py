@@ -3,7 +3,7 @@
 import math
 from random import Random
 
-from field import bytesOf, clouds, lit, mix, mix3, noise, smooth
+from field import bytesOf, clouds, mix, mix3, smooth
 from masonry import SIDE
 
 LEAF_DARK, LEAF_MID, LEAF_LIGHT = (0.035, 0.09, 0.05), (0.14, 0.30, 0.12), (0.46, 0.60, 0.24)

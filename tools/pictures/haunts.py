@@ -3,9 +3,9 @@
 import math
 from random import Random
 
-from beasts import BLACK, MAW, TOOTH, eyes, fur, glow, wing_outline
+from beasts import BLACK, MAW, TOOTH, glow, wing_outline
 from solid import Figure, Material, box, capsule, cylinder, ellipsoid, flat, sphere, torus
-from undead import BONE, GOLD, IRON, WAX, WEED, WOOD, hand, skull
+from undead import GOLD, IRON, hand, skull
 
 
 def wisp(outer, inner, face=True, within=None, rings=None, sparks=9):

@@ -3,7 +3,7 @@
 import math
 from random import Random
 
-from field import blurred, bytesOf, clouds, lit, mix, mix3, noise, sheltered, smooth
+from field import bytesOf, clouds, lit, mix, mix3, noise, sheltered, smooth
 
 SIDE = 256
 

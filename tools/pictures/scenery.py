@@ -131,7 +131,8 @@ def mere():
             if 0.0 < u - 0.60 < 0.13 and abs(v - 0.145 - (u - 0.60) * 0.55) < 0.004:
                 colour = mix3(colour, (0.10, 0.16, 0.14), 0.7)
             # trees at the rim, two ranks
-            for rank, (tint, base, grow) in enumerate((((0.10, 0.30, 0.26), 168, 0.8), ((0.035, 0.13, 0.10), 196, 1.15))):
+            for rank, (tint, base, grow) in enumerate((((0.10, 0.30, 0.26), 168, 0.8),
+                                                       ((0.035, 0.13, 0.10), 196, 1.15))):
                 rim = base
                 for centre, tall, wide in trees:
                     centre = centre + rank * 7

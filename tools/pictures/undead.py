@@ -3,7 +3,7 @@
 import math
 from random import Random
 
-from beasts import BLACK, MAW, TOOTH, eyes, glow
+from beasts import BLACK, MAW, TOOTH, glow
 from solid import Figure, Material, box, capsule, cylinder, ellipsoid, flat, sphere, torus
 
 IRON = Material((0.20, 0.21, 0.23), (0.40, 0.40, 0.42), 8, 0.4, 0.7, 34)
@@ -57,7 +57,7 @@ def hand(f, wrist, tip, material, size=0.05, claws=None):
                 + 0.03)
         end = (wx + dx * reach + spread * 1.15, wy + dy * reach - 0.02, wz + dz * reach + 0.02)
         f.curve([start, bend, end], [size * 0.42, size * 0.36, size * (0.10 if claws else 0.26)],
-                claws if claws and k == 99 else material, 0.012)
+                material, 0.012)
         if claws:
             f.add(capsule(bend, end, size * 0.34, 0.004), claws, 0.008)
 
@@ -105,7 +105,7 @@ def hood(f, fabric, centre, size, dark=True):
                 BLACK)
 
 
-def drowned(skin, fabric, bucket=False, cowl=False, stole=None, eye=(0.70, 0.95, 0.80), reach=True):
+def drowned(skin, fabric, bucket=False, cowl=False, eye=(0.70, 0.95, 0.80)):
     """A brother who did not get out."""
     f = Figure(21)
     flesh = Material(*skin, 6, 0.7, 0.6, 30)
@@ -143,11 +143,10 @@ def drowned(skin, fabric, bucket=False, cowl=False, stole=None, eye=(0.70, 0.95,
             f.curve([(0.02 + x, 0.69, 0.05 + z), (0.02 + x * 1.22, 0.56, 0.06 + z * 1.2),
                      (0.02 + x * 1.28, random.uniform(0.34, 0.46), 0.07 + z * 1.2)],
                     [0.026, 0.022, 0.006], WEED, 0.012)
-    if reach:
-        sleeve(f, wool, -1, (-0.46, 0.04, 0.22), (-0.34, 0.06, 0.52))
-        hand(f, (-0.34, 0.06, 0.54), (-0.32, 0.12, 0.82), flesh)
-        sleeve(f, wool, 1, (0.44, -0.02, 0.16), (0.44, -0.04, 0.46))
-        hand(f, (0.44, -0.04, 0.48), (0.48, -0.10, 0.74), flesh)
+    sleeve(f, wool, -1, (-0.46, 0.04, 0.22), (-0.34, 0.06, 0.52))
+    hand(f, (-0.34, 0.06, 0.54), (-0.32, 0.12, 0.82), flesh)
+    sleeve(f, wool, 1, (0.44, -0.02, 0.16), (0.44, -0.04, 0.46))
+    hand(f, (0.44, -0.04, 0.48), (0.48, -0.10, 0.74), flesh)
     if bucket:
         f.add(cylinder((-0.32, -0.36, 0.62), 0.15, 0.16, 0.02, None, 0.185), WOOD)
         f.carve(cylinder((-0.32, -0.24, 0.62), 0.135, 0.10, 0.02, None, 0.155),
@@ -155,11 +154,6 @@ def drowned(skin, fabric, bucket=False, cowl=False, stole=None, eye=(0.70, 0.95,
         for y in (-0.45, -0.28):
             f.add(torus((-0.32, y, 0.62), 0.172 + 0.015 * (y > -0.4), 0.013, (90, 0, 0)), IRON)
         f.add(torus((-0.32, -0.14, 0.62), 0.17, 0.012, (0, 20, 0)), IRON)
-    if stole:
-        for side in (-1, 1):
-            f.add(box((side * 0.12, -0.02, 0.285), (0.055, 0.40, 0.02), 0.01, (-6, 0, side * 2)), stole, 0.01)
-            for y in (-0.34, -0.10, 0.16):
-                f.add(sphere((side * 0.115, y, 0.32), 0.026), GOLD)
     f.curve([(-0.20, 0.34, 0.22), (-0.06, 0.10, 0.33), (0.10, -0.06, 0.32), (0.24, -0.20, 0.26)],
             [0.030, 0.028, 0.026, 0.010], WEED, 0.01)
     return f, {"shadow": (-0.90, 0.60)}
@@ -272,7 +266,7 @@ def habit(fabric, light, trim=None, baton=False, halo=None, candles=0):
     return f, {"shadow": (-0.90, 0.58)}
 
 
-def ghoul(skin, rag, big=False, spade=False):
+def ghoul(skin, rag, spade=False):
     """Thin, bent and long in the arm."""
     f = Figure(24)
     flesh = Material(*skin, 7, 1.0, 0.45, 26)
