@@ -27,6 +27,8 @@ class View : public ::testing::Test
     View()
     {
         WizFloorList::instance().clear();
+        std::filesystem::create_directories("Graphics/System");
+        writePicture(u"Graphics/System/eventFloor.png", 10);
         writePicture(u"wall.png", 200);
         writePicture(u"door.png", 100);
         writePicture(u"floor.png", 30);

@@ -60,7 +60,7 @@ TEST(ViewGeometry, HalvesAtEveryStep)
 {
     const ViewGeometry geometry({0, 0, 640, 480});
     const auto front = *geometry.wall({0, 0}, ViewSide::Front);
-    EXPECT_EQ(front[3].x - front[0].x, 426); // two thirds of the view, rounded toward zero
+    EXPECT_EQ(front[3].x - front[0].x, 427); // two thirds of the view, each corner rounded
     EXPECT_EQ(front[1].y - front[0].y, 320);
     const auto behind = *geometry.wall({0, 1}, ViewSide::Front);
     EXPECT_EQ(behind[3].x - behind[0].x, 213);
