@@ -114,6 +114,7 @@ struct Command
     X(pictureCommands, "Pictures, views and printed maps")                                         \
     X(tableCommands, "Tables and texts")                                                           \
     X(scriptCommands, "Scripts")                                                                   \
+    X(regexCommands, "Regular expressions")                                                        \
     X(fileCommands, "Documents and text files")                                                    \
     X(archiveCommands, "Game archives")                                                            \
     X(batchCommands, "Many commands at once")                                                      \

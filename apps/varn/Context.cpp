@@ -1,6 +1,7 @@
 #include "Context.h"
 
 #include "Help.h"
+#include "Signals.h"
 #include "Util/Exception.h"
 #include "Util/Random.h"
 
@@ -23,6 +24,12 @@ CommandTarget& Context::frame()
     if (!target)
         target = std::make_unique<CommandTarget>(session());
     return *target;
+}
+
+void Context::keepEditor(std::unique_ptr<MapEditing> next)
+{
+    session().setEditor(next.get());
+    editor = std::move(next);
 }
 
 void Context::printRecords(const Json& list)
@@ -105,6 +112,8 @@ bool Context::startAsFarAs(Needs needs)
         return true;
     if (needs == Needs::Whole) {
         ended = !session().start();
+        if (!ended)
+            removeOnSignals(session().getTempFolder());
         return !ended;
     }
     session().openProject();

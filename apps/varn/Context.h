@@ -25,6 +25,9 @@ class Context
     ProjectSession& session();
     /// The frame that commands by number act on.
     CommandTarget& frame();
+    /// Keeps the editor of the map that a batch opened, and hands it to the session; the one before
+    /// goes. Commands that know what they opened take it back from `session().getEditor()`.
+    void keepEditor(std::unique_ptr<MapEditing> next);
     /// A line of the driver's own on standard error, "varn: " in front.
     void complain(std::string_view utf8) { driver::complain(output, utf8); }
 
@@ -48,6 +51,7 @@ class Context
     DriverHost& driverHost;
     GlobalOptions globals;
     std::unique_ptr<ProjectSession> project;
+    std::unique_ptr<MapEditing> editor;
     std::unique_ptr<CommandTarget> target;
     bool inBatch = false;
     bool ended = false;

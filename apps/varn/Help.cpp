@@ -62,22 +62,6 @@ class TermList
     std::vector<std::pair<std::string, std::string_view>> rows;
 };
 
-std::string placeOf(const Argument& argument)
-{
-    const std::string name(argument.name);
-    switch (argument.occurs) {
-    case Occurs::Once:
-        break;
-    case Occurs::Optional:
-        return "[" + name + "]";
-    case Occurs::Repeated:
-        return name + "...";
-    case Occurs::Any:
-        return "[" + name + "]...";
-    }
-    return name;
-}
-
 /// "--tile N", with its letter in front where it has one.
 std::string termOf(const Option& option)
 {
@@ -146,6 +130,21 @@ std::string trimmed(std::string text)
 
 } // namespace
 
+std::string withOccurrence(const Argument& argument, const std::string& name)
+{
+    switch (argument.occurs) {
+    case Occurs::Once:
+        break;
+    case Occurs::Optional:
+        return "[" + name + "]";
+    case Occurs::Repeated:
+        return name + "...";
+    case Occurs::Any:
+        return "[" + name + "]...";
+    }
+    return name;
+}
+
 std::string explanationOf(const Argument& argument)
 {
     return explain(argument);
@@ -165,7 +164,7 @@ std::string synopsis(const Command& command)
 {
     std::string line(command.words);
     for (const Argument& argument : command.arguments)
-        line += " " + placeOf(argument);
+        line += " " + withOccurrence(argument, std::string(argument.name));
     for (const Option& option : command.options) {
         line += " [" + std::string(option.name);
         if (!option.value.empty())

@@ -13,6 +13,10 @@ std::string synopsis(const Command& command);
 /// Summary and details as sentences.
 std::string sentenceOf(const Command& command);
 
+/// An argument's name, marked up or not, with the signs of how often it stands: "[NAME]",
+/// "NAME...".
+std::string withOccurrence(const Argument& argument, const std::string& name);
+
 /// What a row takes, with its choices or its range.
 std::string explanationOf(const Argument& argument);
 std::string explanationOf(const Option& option);

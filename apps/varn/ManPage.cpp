@@ -33,22 +33,6 @@ std::string italic(std::string_view text)
     return "\\fI" + escaped(text) + "\\fR";
 }
 
-std::string argumentMarkup(const Argument& argument)
-{
-    const std::string name = italic(argument.name);
-    switch (argument.occurs) {
-    case Occurs::Once:
-        break;
-    case Occurs::Optional:
-        return "[" + name + "]";
-    case Occurs::Repeated:
-        return name + "...";
-    case Occurs::Any:
-        return "[" + name + "]...";
-    }
-    return name;
-}
-
 std::string optionMarkup(const Option& option)
 {
     std::string text;
@@ -69,7 +53,7 @@ void addCommand(std::string& page, const Command& command)
 {
     page += ".TP\n" + bold("varn " + std::string(command.words));
     for (const Argument& argument : command.arguments)
-        page += " " + argumentMarkup(argument);
+        page += " " + withOccurrence(argument, italic(argument.name));
     for (const Option& option : command.options)
         page += " [" + optionMarkup(option) + (option.repeated ? "]..." : "]");
     page += "\n" + escaped(sentenceOf(command)) + "\n";

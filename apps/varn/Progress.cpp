@@ -9,11 +9,12 @@ namespace varn::driver {
 namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
+void (*handlerBefore)(int) = SIG_DFL;
 
 void interrupt(int signal)
 {
     interrupted = 1;
-    std::signal(signal, SIG_DFL);
+    std::signal(signal, handlerBefore);
 }
 
 constexpr const char* kWipeLine = "\r\033[K";
@@ -23,12 +24,12 @@ constexpr const char* kWipeLine = "\r\033[K";
 Progress::Progress(Output& output) : output(output), isTerminal(::isatty(STDERR_FILENO) != 0)
 {
     interrupted = 0;
-    before = std::signal(SIGINT, interrupt);
+    handlerBefore = std::signal(SIGINT, interrupt);
 }
 
 Progress::~Progress()
 {
-    std::signal(SIGINT, before);
+    std::signal(SIGINT, handlerBefore);
     if (shown >= 0)
         std::fputs(kWipeLine, stderr);
     if (interrupted)

@@ -25,7 +25,6 @@ class Progress
     Output& output;
     bool isTerminal;
     int shown = -1; // percent
-    void (*before)(int);
 };
 
 } // namespace varn::driver

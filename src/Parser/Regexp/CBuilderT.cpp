@@ -144,13 +144,15 @@ void CBuilderT::emitAlternation(const Node& node, const UnitSet& follow)
     for (std::size_t i = count - 1; i > 0; --i)
         others[i - 1] = others[i] | filters[i];
 
+    // Where a branch failed, those before it have failed too: the branches share their memory.
+    const std::uint32_t memory = newMemory();
     std::vector<std::uint32_t> jumps;
     for (std::size_t i = 0; i < count; ++i) {
         if (i + 1 == count) {
             emit(node.children[i], follow);
             break;
         }
-        const std::uint32_t branch = addBranch(false, filters[i], others[i], i == 0);
+        const std::uint32_t branch = addBranch(false, filters[i], others[i], memory);
         emit(node.children[i], follow);
         jumps.push_back(add({.op = Op::Jump}));
         setTarget(branch);
@@ -322,7 +324,7 @@ void CBuilderT::emitRun(const Node& node, const UnitSet& set, const UnitSet& fol
         if (reluctant)
             run.stop = tableOf(follow | set.complement());
     }
-    if (!possessive && isRemembering())
+    if (!possessive)
         run.memory = newMemory();
     if (node.max == kUnlimited && isRemembering() && direction == Direction::Forward)
         run.stretch = program.stretchCount++;
@@ -334,8 +336,9 @@ void CBuilderT::emitRun(const Node& node, const UnitSet& set, const UnitSet& fol
 void CBuilderT::emitOptional(const Node& node, const UnitSet& follow)
 {
     const NodeId child = node.children[0];
-    const std::uint32_t branch = addBranch(
-        node.greed == Greed::Reluctant, filterOf(firstOf(child, follow)), filterOf(follow), true);
+    const std::uint32_t branch =
+        addBranch(node.greed == Greed::Reluctant, filterOf(firstOf(child, follow)),
+                  filterOf(follow), newMemory());
     emit(child, follow);
     setTarget(branch);
 }
@@ -353,7 +356,8 @@ void CBuilderT::emitUnlimited(const Node& node, const UnitSet& follow)
     const std::uint64_t again = filterOf(firstOf(child, behind));
     const std::uint64_t leave = filterOf(follow);
     const bool reluctant = node.greed == Greed::Reluctant;
-    const std::uint32_t skip = node.min == 0 ? addBranch(reluctant, again, leave, true) : kNone;
+    const std::uint32_t skip =
+        node.min == 0 ? addBranch(reluctant, again, leave, newMemory()) : kNone;
     const std::uint32_t turn = here();
     const std::uint32_t begun = facts[child].minLength == 0 ? newRegister() : kNone;
     if (begun != kNone) {
@@ -366,7 +370,7 @@ void CBuilderT::emitUnlimited(const Node& node, const UnitSet& follow)
         kept.pop_back();
         empty = add({.op = Op::LeaveIfEmpty, .b = begun});
     }
-    const std::uint32_t loop = addBranch(!reluctant, leave, again, true);
+    const std::uint32_t loop = addBranch(!reluctant, leave, again, newMemory());
     program.code[loop].a = turn;
     if (empty != kNone)
         setTarget(empty);
@@ -416,13 +420,10 @@ std::uint32_t CBuilderT::add(Instruction instruction)
 }
 
 std::uint32_t CBuilderT::addBranch(bool targetFirst, std::uint64_t here, std::uint64_t there,
-                                   bool remembers)
+                                   std::uint32_t memory)
 {
-    return add({.op = sided(Op::Branch),
-                .flag = targetFirst,
-                .c = remembers && isRemembering() ? newMemory() : 0,
-                .here = here,
-                .there = there});
+    return add(
+        {.op = sided(Op::Branch), .flag = targetFirst, .c = memory, .here = here, .there = there});
 }
 
 Op CBuilderT::sided(Op op) const
@@ -441,7 +442,7 @@ std::uint32_t CBuilderT::tableOf(const UnitSet& set)
 
 std::uint32_t CBuilderT::newMemory()
 {
-    return ++program.memoryCount;
+    return isRemembering() ? ++program.memoryCount : 0;
 }
 
 UnitSet CBuilderT::firstOf(NodeId id, const UnitSet& follow) const

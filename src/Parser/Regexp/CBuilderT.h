@@ -53,13 +53,14 @@ class CBuilderT
     static void checkSize(std::size_t size);
     std::uint32_t add(Instruction instruction);
     std::uint32_t addBranch(bool targetFirst, std::uint64_t here, std::uint64_t there,
-                            bool remembers);
+                            std::uint32_t memory);
     std::uint32_t here() const { return static_cast<std::uint32_t>(program.code.size()); }
     void setTarget(std::uint32_t place) { program.code[place].a = here(); }
     /// The operation itself, or its twin when compiling backward.
     Op sided(Op op) const;
     std::uint32_t tableOf(const UnitSet& set);
     std::uint32_t newRegister() { return program.registerCount++; }
+    /// A state with a memory of failures, or 0 where there can be none.
     std::uint32_t newMemory();
     UnitSet firstOf(NodeId id, const UnitSet& follow) const;
     std::optional<UnitSet> asSet(NodeId id) const;

@@ -70,9 +70,8 @@ class CRegexpT
     ///                     a group; what names no group stands as written.
     /// @param startIndex   where the first search begins, see CContext::setText
     /// @param times        how many matches are replaced, in the order found; -1: all
-    /// @return an empty text when the object is empty. When a budget is used up, what was not
-    /// searched
-    ///         stays as it is.
+    /// @return an empty text when the object is empty. When a budget is used up, or the result
+    ///         passes 2^26 units, the rest stays as it is.
     WString replace(WStringView text, WStringView replacement, int startIndex = -1,
                     int times = -1) const;
     /// The same over the text of a context, from its index on: for a budget of one's own.

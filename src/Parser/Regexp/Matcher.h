@@ -62,6 +62,9 @@ class Matcher
     int skip(std::uint32_t table, int from, int limit) const;
     template <Direction kWay>
     int find(std::uint32_t table, int from, int limit) const;
+    void pushFailed(const Run& run, int from, int to);
+    template <Direction kWay>
+    bool isShortestLeft(const Run& run, int pos) const;
     template <Direction kWay>
     bool enterGreedy(std::uint32_t pc, int& pos);
     template <Direction kWay>

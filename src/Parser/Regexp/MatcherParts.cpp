@@ -10,28 +10,31 @@ template <Direction kWay>
 bool Matcher::branch(std::uint32_t& pc, int pos)
 {
     const Instruction& at = code[pc];
+    bool here = true;
+    bool there = true;
     if (subject.hasNext<kWay>(pos)) {
         const unsigned bit = subject.next<kWay>(pos) & 63u;
-        const bool here = ((at.here >> bit) & 1) != 0;
-        const bool there = ((at.there >> bit) & 1) != 0;
-        if (!here || !there) {
-            pc = here ? pc + 1 : at.a;
-            return (here || there) && spend(1);
-        }
+        here = ((at.here >> bit) & 1) != 0;
+        there = ((at.there >> bit) & 1) != 0;
+        if (!here && !there)
+            return false;
     }
-    if (!ensureRoom(2))
-        return false;
     if (failures.remembers(at.c)) {
-        if (failures.isFailed(at.c, pos))
+        if (failures.isFailed(at.c, pos) || !ensureRoom(1))
             return false;
         stack.push(Entry::Failed, at.c, static_cast<std::uint32_t>(pos),
                    static_cast<std::uint32_t>(pos));
     }
-    return at.flag ? choose(pc, at.a, pc + 1, pos) : choose(pc, pc + 1, at.a, pos);
+    if (here && there)
+        return at.flag ? choose(pc, at.a, pc + 1, pos) : choose(pc, pc + 1, at.a, pos);
+    pc = here ? pc + 1 : at.a;
+    return spend(1);
 }
 
 bool Matcher::choose(std::uint32_t& pc, std::uint32_t first, std::uint32_t second, int pos)
 {
+    if (!ensureRoom(1))
+        return false;
     stack.push(Entry::Choice, second, static_cast<std::uint32_t>(pos), 0);
     pc = first;
     return spend(1);
@@ -45,8 +48,6 @@ bool Matcher::enterTurn(std::uint32_t& pc, int pos)
         pc = turns < at.here ? pc + 1 : at.a;
         return true;
     }
-    if (!ensureRoom(1))
-        return false;
     return at.flag ? choose(pc, at.a, pc + 1, pos) : choose(pc, pc + 1, at.a, pos);
 }
 

@@ -1,5 +1,7 @@
 #include "Parser/Regexp/Matcher.h"
 
+#include <algorithm>
+
 // Loops over units of one set: how far they go, and what they give back or take when a match fails.
 
 namespace varn::regexp {
@@ -32,40 +34,48 @@ int Matcher::find(std::uint32_t table, int from, int limit) const
     return from;
 }
 
+/// What is pushed so that the memory learns when a run has failed. All its ends from `to` back were
+/// ends of the runs from there, so these failed with it.
+void Matcher::pushFailed(const Run& run, int from, int to)
+{
+    const auto [first, last] = std::minmax(from, to);
+    stack.push(Entry::Failed, run.memory, static_cast<std::uint32_t>(first),
+               static_cast<std::uint32_t>(last));
+}
+
+/// All ends of the run from here but the shortest are ends of the run from one unit on, which
+/// failed.
+template <Direction kWay>
+bool Matcher::isShortestLeft(const Run& run, int pos) const
+{
+    return run.max == kUnlimited && subject.hasNext<kWay>(pos) &&
+           failures.isFailed(run.memory, Subject::moved<kWay>(pos, 1));
+}
+
 template <Direction kWay>
 bool Matcher::enterGreedy(std::uint32_t pc, int& pos)
 {
     const Run& run = program.runs[code[pc].a];
     if (failures.isInFailedStretch(run, pos) || !ensureRoom(2))
         return false;
-    int limit = subject.farthest<kWay>(pos, run.max);
     const bool remembered = failures.remembers(run.memory);
-    const bool unlimited = kWay == kForward && run.max == kUnlimited;
-    bool shortestOnly = false;
-    if (remembered) {
-        if (failures.isFailed(run.memory, pos))
-            return false;
-        // All ends of this run but the shortest were ends of the run that failed one unit on.
-        shortestOnly =
-            unlimited && subject.hasNext<kWay>(pos) && failures.isFailed(run.memory, pos + 1);
-        if (shortestOnly)
-            limit = subject.farthest<kWay>(pos, run.min);
-    }
-    const int end = skip<kWay>(run.set, pos, limit);
-    failures.noteStretch(run, pos, end);
-    if (Subject::distance<kWay>(pos, end) < run.min)
+    if (remembered && failures.isFailed(run.memory, pos))
         return false;
-    const int shortest = Subject::moved<kWay>(pos, run.min);
-    if (remembered)
-        stack.push(Entry::Failed, run.memory, static_cast<std::uint32_t>(pos),
-                   static_cast<std::uint32_t>(unlimited && !shortestOnly ? end : pos));
-    const int held = heldBack<kWay>(run, end, shortest);
-    if (held != shortest)
-        stack.push(kWay == kForward ? Entry::Greedy : Entry::GreedyBack, pc,
-                   static_cast<std::uint32_t>(held), static_cast<std::uint32_t>(shortest));
+    const bool shortestLeft = remembered && isShortestLeft<kWay>(run, pos);
+    const int most = shortestLeft ? run.min : run.max;
+    const int end = skip<kWay>(run.set, pos, subject.farthest<kWay>(pos, most));
     const int taken = Subject::distance<kWay>(pos, end);
-    pos = held;
-    return spend(taken / kUnitsPerStep);
+    failures.noteStretch(run, pos, end);
+    if (taken < run.min || !spend(taken / kUnitsPerStep))
+        return false;
+    if (remembered)
+        pushFailed(run, pos, run.max == kUnlimited && !shortestLeft ? end : pos);
+    const int shortest = Subject::moved<kWay>(pos, run.min);
+    pos = heldBack<kWay>(run, end, shortest);
+    if (pos != shortest)
+        stack.push(kWay == kForward ? Entry::Greedy : Entry::GreedyBack, pc,
+                   static_cast<std::uint32_t>(pos), static_cast<std::uint32_t>(shortest));
+    return true;
 }
 
 /// The farthest end, not behind `held`, before which something stands that may follow the run.
@@ -102,8 +112,7 @@ bool Matcher::enterReluctant(std::uint32_t pc, int& pos)
     if (failures.remembers(run.memory)) {
         if (failures.isFailed(run.memory, pos))
             return false;
-        stack.push(Entry::Failed, run.memory, static_cast<std::uint32_t>(pos),
-                   static_cast<std::uint32_t>(pos));
+        pushFailed(run, pos, pos);
     }
     const int begun = pos;
     const int shortest = skip<kWay>(run.set, begun, subject.farthest<kWay>(begun, run.min));
@@ -117,6 +126,11 @@ template <Direction kWay>
 bool Matcher::takeMore(std::uint32_t pc, int begun, int from, int& pos)
 {
     const Run& run = program.runs[code[pc].a];
+    // The ends left are those of the run that begins a unit further on, or more.
+    const int later = Subject::moved<kWay>(from, -run.min);
+    if (later != begun && run.max == kUnlimited && failures.remembers(run.memory) &&
+        failures.isFailed(run.memory, later))
+        return false;
     const int limit = subject.farthest<kWay>(begun, run.max);
     const int end = run.stop == kNone ? from : find<kWay>(run.stop, from, limit);
     if (!spend(1 + Subject::distance<kWay>(from, end) / kUnitsPerStep))

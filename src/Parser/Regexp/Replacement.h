@@ -8,7 +8,7 @@
 
 namespace varn::regexp {
 
-inline constexpr std::size_t kLongestResult = std::size_t{1} << 28; // units
+inline constexpr std::size_t kLongestResult = std::size_t{1} << 26; // units
 
 /// A replacement text, read once and put in for each match. CRegexpT::replace tells its forms.
 class Replacement

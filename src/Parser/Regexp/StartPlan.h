@@ -49,8 +49,8 @@ struct StartPlan
     Kind kind = Kind::Everywhere;
     std::uint32_t firstUnits = 0;
     regexp::Probe probe;
-    /// The stretch of the run that every match enters once it took `leadingUnits` units, if there is
-    /// such a run: where the run failed, no match goes on.
+    /// The stretch of the run that every match enters once it took `leadingUnits` units, if there
+    /// is such a run: where the run failed, no match goes on.
     std::uint32_t leadingStretch = UINT32_MAX;
     int leadingUnits = 0;
 };
