@@ -126,7 +126,7 @@ class UnitSink
     /// stays in the caches until it is written.
     void grow(std::size_t bytes)
     {
-        constexpr std::size_t kLeast = 256, kMost = 64 * 1024;
+        constexpr std::size_t kLeast = 256, kMost = 65536;
         const std::size_t now = written();
         const std::size_t step = std::max(bytes, std::clamp(now - before, kLeast, kMost));
         out.resize((now + step) / sizeof(typename Text::value_type) + 1);

@@ -8,7 +8,7 @@ namespace varn {
 void preferLargePages(void* memory, std::size_t bytes)
 {
 #ifdef MADV_HUGEPAGE
-    constexpr std::uintptr_t kPage = 2 * 1024 * 1024;
+    constexpr std::uintptr_t kPage = std::uintptr_t{2} << 20;
     const auto begin = (reinterpret_cast<std::uintptr_t>(memory) + kPage - 1) & ~(kPage - 1);
     const auto end = (reinterpret_cast<std::uintptr_t>(memory) + bytes) & ~(kPage - 1);
     if (begin < end)

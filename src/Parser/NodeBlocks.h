@@ -23,8 +23,8 @@ static_assert(alignof(Attribute) <= alignof(std::size_t));
 /// and attributes have no destructors, so nothing is walked when they go.
 struct NodeArena::Blocks
 {
-    static constexpr std::size_t kFirstBlock = 2 * 1024;
-    static constexpr std::size_t kLargestBlock = 16 * 1024 * 1024;
+    static constexpr std::size_t kFirstBlock = std::size_t{2} << 10;
+    static constexpr std::size_t kLargestBlock = std::size_t{16} << 20;
 
     NodeArena* arena = nullptr;        ///< follows the arena when that is moved
     WString document;                  ///< a parsed text that nodes view

@@ -3,7 +3,8 @@
 #include "Parser/Entities.h"
 #include "Parser/UnitSearch.h"
 
-#include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace varn {
 
@@ -42,59 +43,83 @@ std::optional<FoundEntity> findEntity(WStringView text)
     return unit != 0 ? std::optional(FoundEntity{unit, end + 1}) : std::nullopt;
 }
 
+/// One walk over a text, from special unit to special unit.
+class StoredTextDecoder
+{
+  public:
+    StoredTextDecoder(WStringView text, LineBreaks lineBreaks)
+        : at(text.data()), end(text.data() + text.size()), lineBreaks(lineBreaks)
+    {
+        out.reserve(text.size());
+    }
+
+    WString decode() &&
+    {
+        for (;;) {
+            const char16_t* const special = search(at, end, kSpecial);
+            out.append(at, special);
+            at = special;
+            if (at == end)
+                return std::move(out);
+            switch (*at++) {
+            case u'&':
+                takeEntities();
+                break;
+            case u'\\':
+                takeEscape();
+                break;
+            case u'\r':
+                at += at != end && *at == u'\n' ? 1 : 0;
+                [[fallthrough]];
+            default:
+                out += lineBreaks == LineBreaks::Keep ? u"\r\n" : u"";
+            }
+        }
+    }
+
+  private:
+    /// An `&` that an entity gives may begin the next one.
+    void takeEntities()
+    {
+        out += u'&';
+        while (const auto entity = findEntity({at, end})) {
+            out.back() = entity->unit;
+            at += entity->length;
+            if (entity->unit != u'&')
+                return;
+        }
+    }
+    void takeEscape()
+    {
+        if (at == end) {
+            out += u'\\';
+            return;
+        }
+        switch (*at++) {
+        case u'n':
+            out += u"\r\n";
+            break;
+        case u'r':
+            break;
+        case u't':
+            out += u'\t';
+            break;
+        default:
+            out += at[-1];
+        }
+    }
+
+    WString out;
+    const char16_t* at;
+    const char16_t* const end;
+    const LineBreaks lineBreaks;
+};
+
 } // namespace
 
 WString decodeText(WStringView text, LineBreaks lineBreaks)
 {
-    WString out;
-    out.reserve(text.size());
-    const char16_t* at = text.data();
-    const char16_t* const end = at + text.size();
-    // The last unit put out is an `&` that an entity gave: it may begin another one.
-    const auto takeEntities = [&](bool pending) {
-        while (const auto entity = findEntity({at, end})) {
-            if (pending)
-                out.pop_back();
-            out += entity->unit;
-            at += entity->length;
-            pending = entity->unit == u'&';
-            if (!pending)
-                return;
-        }
-        if (!pending)
-            out += u'&';
-    };
-    while (at != end) {
-        const char16_t* const special = search(at, end, kSpecial);
-        out.append(at, special);
-        if (special == end)
-            break;
-        at = special + 1;
-        if (*special == u'&') {
-            takeEntities(false);
-        } else if (*special != u'\\') {
-            if (*special == u'\r' && at != end && *at == u'\n')
-                ++at;
-            if (lineBreaks == LineBreaks::Keep)
-                out += u"\r\n";
-        } else if (at == end) {
-            out += u'\\';
-        } else {
-            switch (const char16_t escaped = *at++; escaped) {
-            case u'n':
-                out += u"\r\n";
-                break;
-            case u'r':
-                break;
-            case u't':
-                out += u'\t';
-                break;
-            default:
-                out += escaped;
-            }
-        }
-    }
-    return out;
+    return StoredTextDecoder(text, lineBreaks).decode();
 }
 
 } // namespace varn

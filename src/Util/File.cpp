@@ -122,6 +122,13 @@ int openNameless(const fs::path& folder)
     return handle;
 }
 
+/// Gives a new file the old one's owner, as far as this user may, and its permissions.
+void takeOver(int handle, const struct stat& old)
+{
+    [[maybe_unused]] const int ignored = ::fchown(handle, old.st_uid, old.st_gid);
+    ::fchmod(handle, old.st_mode & kPermissionBits);
+}
+
 /// Copies a whole file over another that is open for writing. The space is taken first, so that a
 /// full disk is found while the old contents still stand.
 bool overwrite(int from, int to)
@@ -171,6 +178,7 @@ bool File::open(const fs::path& path)
     return true;
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it moves the file's position
 std::optional<std::size_t> File::read(std::span<std::byte> buffer)
 {
     assert(isOpen());
@@ -220,7 +228,7 @@ FileReplacement::FileReplacement(fs::path path, Scratch scratch)
     inPlace = isThere && !S_ISREG(old.st_mode);
     if (!inPlace && openBeside(scratch)) {
         if (isThere)
-            takeOver(old.st_mode, old.st_uid, old.st_gid);
+            takeOver(handle, old);
         return;
     }
     inPlace = isThere;
@@ -262,13 +270,6 @@ void FileReplacement::openElsewhere()
     });
     if (handle >= 0)
         ::unlink(name.c_str());
-}
-
-/// Gives the new file the old one's owner, as far as this user may, and its permissions.
-void FileReplacement::takeOver(unsigned mode, unsigned owner, unsigned group)
-{
-    [[maybe_unused]] const int ignored = ::fchown(handle, owner, group);
-    ::fchmod(handle, mode & kPermissionBits);
 }
 
 bool FileReplacement::write(ByteSpan bytes)

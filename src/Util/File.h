@@ -69,7 +69,6 @@ class FileReplacement
   private:
     bool openBeside(Scratch scratch);
     void openElsewhere();
-    void takeOver(unsigned mode, unsigned owner, unsigned group);
     bool commitByName();
     bool commitInPlace();
     void abandon();

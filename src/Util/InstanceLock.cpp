@@ -180,6 +180,7 @@ bool InstanceLock::askToComeForward(int patienceMs) const
     return false;
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it uses the requests up
 bool InstanceLock::takeRequest()
 {
     bool asked = false;

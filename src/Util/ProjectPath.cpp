@@ -81,7 +81,8 @@ std::string resolveByLevels(std::string_view path)
             const std::string entry = findEntry(result.substr(0, folderEnd), name);
             if (entry.empty())
                 return result.append(path.substr(end)); // nothing lies below what is not there
-            result.replace(folderEnd, std::string::npos, entry);
+            result.resize(folderEnd);
+            result += entry;
         }
         at = end;
     }

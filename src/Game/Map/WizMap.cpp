@@ -1,10 +1,8 @@
 #include "Game/Map/WizMap.h"
 
 #include "Game/Database/SystemDatabase.h"
-#include "Game/Map/Torus.h"
 
 #include <algorithm>
-#include <cassert>
 #include <utility>
 
 namespace varn {
@@ -22,18 +20,6 @@ bool exchange(std::uint8_t& wall, std::uint8_t kind)
 }
 
 } // namespace
-
-WizMapData& WizMap::cellAt(int x, int y)
-{
-    assert(cols >= 1 && cols <= kMapStride && rows >= 1 && rows <= kMapStride);
-    const int row = wrapOnRing(y, rows);
-    return cells[indexOfCell(wrapOnRing(x, cols), rowsTopDown ? row : rows - 1 - row)];
-}
-
-const WizMapData& WizMap::cellAt(int x, int y) const
-{
-    return const_cast<WizMap*>(this)->cellAt(x, y);
-}
 
 bool WizMap::setWall(int kind, Direction side, int x, int y)
 {

@@ -4,6 +4,7 @@
 #include "Game/Map/AreaManager.h"
 #include "Game/Map/GameEvent.h"
 #include "Game/Map/ImageType.h"
+#include "Game/Map/Torus.h"
 #include "Game/Map/WizMapData.h"
 
 #include <filesystem>
@@ -65,8 +66,13 @@ class WizMap : public AbstractMap, public WizMapProperties
     LightSource light;
 
     /// The cell at `x % cols`, `y % rows`; both are not negative.
-    WizMapData& cellAt(int x, int y);
-    const WizMapData& cellAt(int x, int y) const;
+    WizMapData& cellAt(int x, int y)
+    {
+        const int row = wrapOnRing(y, rows);
+        const int line = rowsTopDown ? row : rows - 1 - row;
+        return cells[static_cast<std::size_t>(line * kMapStride + wrapOnRing(x, cols))];
+    }
+    const WizMapData& cellAt(int x, int y) const { return const_cast<WizMap*>(this)->cellAt(x, y); }
 
     /// Puts a wall kind on one of the four sides of a cell, and on the same edge as its neighbour
     /// beyond stores it, across the seam of the torus where need be. False: nothing changed, or `x`

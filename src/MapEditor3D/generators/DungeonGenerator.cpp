@@ -1,8 +1,8 @@
 #include "MapEditor3D/generators/DungeonGenerator.h"
 
 #include <algorithm>
-#include <functional>
-#include <queue>
+#include <bit>
+#include <cstdint>
 #include <utility>
 
 namespace varn::generator {
@@ -17,6 +17,36 @@ constexpr Direction kNeighbours[] = {Direction::North, Direction::South, Directi
                                      Direction::East};
 constexpr Direction kConnectors[] = {Direction::North, Direction::South, Direction::East,
                                      Direction::West};
+
+/// Cells by their number, y * cols + x, to be gone through in ascending order.
+class CellSet
+{
+  public:
+    explicit CellSet(int count) : count(count), words(static_cast<std::size_t>(count) / 64 + 1) {}
+
+    void add(int cell) { words[wordOf(cell)] |= std::uint64_t{1} << (cell % 64); }
+
+    /// Takes the first cell at or behind `from` out of the set; `count` when there is none.
+    int take(int from)
+    {
+        std::size_t word = wordOf(from);
+        std::uint64_t ahead = words[word] & (~std::uint64_t{0} << (from % 64));
+        while (ahead == 0) {
+            if (++word == words.size())
+                return count;
+            ahead = words[word];
+        }
+        const std::uint64_t lowest = ahead & -ahead;
+        words[word] ^= lowest;
+        return static_cast<int>(word) * 64 + std::countr_zero(lowest);
+    }
+
+  private:
+    static std::size_t wordOf(int cell) { return static_cast<std::size_t>(cell) / 64; }
+
+    int count;
+    std::vector<std::uint64_t> words;
+};
 
 } // namespace
 
@@ -253,16 +283,15 @@ void DungeonGenerator::closeDeadEnds()
 /// next.
 void DungeonGenerator::fillDeadEnds()
 {
-    using Ascending = std::priority_queue<int, std::vector<int>, std::greater<>>;
-    std::vector<int> nextPass; // cells, as y * cols + x
-    for (int cell = 0; cell < cols * rows; ++cell)
-        nextPass.push_back(cell);
+    const int count = cols * rows;
+    CellSet pass(count);
+    CellSet nextPass(count);
+    for (int cell = 0; cell < count; ++cell)
+        pass.add(cell);
 
-    while (!nextPass.empty()) {
-        Ascending pass(std::greater<>(), std::exchange(nextPass, {}));
-        while (!pass.empty()) {
-            const int cell = pass.top();
-            pass.pop();
+    for (bool changed = true; changed; std::swap(pass, nextPass)) {
+        changed = false;
+        for (int cell = pass.take(0); cell < count; cell = pass.take(cell)) {
             const int x = cell % cols;
             const int y = cell / cols;
             const auto opening = soleOpening(x, y);
@@ -271,10 +300,8 @@ void DungeonGenerator::fillDeadEnds()
             setTile(x, y, Direction::None, kRock);
             setTile(x, y, *opening, WallKind::Wall);
             const int neighbour = cell + opening->dy() * cols + opening->dx();
-            if (neighbour > cell)
-                pass.push(neighbour);
-            else
-                nextPass.push_back(neighbour);
+            (neighbour > cell ? pass : nextPass).add(neighbour);
+            changed = true;
         }
     }
 }
