@@ -10,4 +10,4 @@ local function place(row, n, columns, up, down)
   end
   return found
 end
-print(place(0, 9, {}, {}, {}))
+print(place(0, 11, {}, {}, {}))

@@ -5,9 +5,8 @@
 
 namespace varn {
 
-/// Compiles the selectors of a list. `behind` is evaluated before they are used, so what it may
-/// change is copied.
-CodeGenerator::Selection CodeGenerator::selection(AST* list, const AST* behind)
+/// Compiles the selectors of a list.
+CodeGenerator::Selection CodeGenerator::selection(AST* list)
 {
     Selection made;
     made.head = list->left->left;
@@ -21,7 +20,7 @@ CodeGenerator::Selection CodeGenerator::selection(AST* list, const AST* behind)
         return made;
     }
     if (made.count == 1 && !only->isIdentifier()) {
-        made.first = inRegister(leftOperand(only->left, behind));
+        made.first = registerOf(only->left);
         return made;
     }
     made.first = newTemporary(made.count);
@@ -37,12 +36,13 @@ CodeGenerator::Selection CodeGenerator::selection(AST* list, const AST* behind)
     return made;
 }
 
-void CodeGenerator::load(const Selection& from, std::int32_t target)
+void CodeGenerator::load(const Selection& from, std::int32_t target, Symbol& head)
 {
-    nameSelected(*from.head->symbol);
+    nameSelected(head);
     if (from.member) {
         emit(from.isGlobal ? Opcode::GetMemberG : Opcode::GetMember, target, from.base,
              static_cast<std::int32_t>(nameIndex(*from.member->symbol)));
+        emit(Opcode::MemberHint);
     } else if (from.count == 1) {
         emit(from.isGlobal ? Opcode::GetElementG : Opcode::GetElement, target, from.base,
              from.first);
@@ -58,6 +58,7 @@ void CodeGenerator::store(const Selection& place, std::int32_t value)
     if (place.member) {
         emit(place.isGlobal ? Opcode::SetMemberG : Opcode::SetMember, place.base, value,
              static_cast<std::int32_t>(nameIndex(*place.member->symbol)));
+        emit(Opcode::MemberHint);
     } else if (place.count == 1) {
         emit(place.isGlobal ? Opcode::SetElementG : Opcode::SetElement, place.base, place.first,
              value);
@@ -83,17 +84,44 @@ bool CodeGenerator::storeConstant(AST* list, const AST& value)
     return true;
 }
 
-/// Reads an element or member; a constant index stands in the instruction.
-void CodeGenerator::select(AST* list, const AST* behind, std::int32_t target)
+/// One selector of a base in a register; a constant index stands in the instruction.
+void CodeGenerator::selectOne(AST* selector, std::int32_t base, std::int32_t target, Symbol& head)
 {
-    AST* index = list->right->left;
-    const bool constant = !list->right->right && index->kind == kNodeIndex &&
-                          index->left->kind == kTokenInteger && index->left->value >= 0 &&
-                          index->left->value <= 0x7FFF;
-    if (!constant || !isRegister(*list->left->left->variable))
-        return load(selection(list, behind), target);
-    nameSelected(*list->left->left->symbol);
-    emit(Opcode::GetElementC, target, registerOf(*list->left->left->variable), index->left->value);
+    const AST* index = selector->isIdentifier() ? nullptr : selector->left;
+    if (index && index->kind == kTokenInteger && index->value >= 0 && index->value <= 0x7FFF) {
+        nameSelected(head);
+        emit(Opcode::GetElementC, target, base, index->value);
+        return;
+    }
+    Selection from;
+    from.head = selector;
+    from.base = base;
+    from.count = 1;
+    if (index)
+        from.first = registerOf(selector->left);
+    else
+        from.member = selector;
+    load(from, target, head);
+}
+
+/// Reads what selectors reach. Those that do nothing else are followed one by one; others run
+/// before the first is followed.
+void CodeGenerator::select(AST* list, std::int32_t target)
+{
+    AST* head = list->left->left;
+    const bool inTurn =
+        !list->has(AST::kAssigns) && !list->has(AST::kCalls) && program.names.size() < 0xF000;
+    if (!inTurn || (!isRegister(*head->variable) && !list->right->right))
+        return load(selection(list), target, *head->symbol);
+    std::int32_t base = registerOf(head);
+    const std::int32_t between = target < firstTemporary ? newTemporary() : target;
+    const std::int32_t outer = top;
+    for (AST* cell = list->right; cell; cell = cell->right) {
+        const std::int32_t reached = cell->right ? between : target;
+        selectOne(cell->left, base, reached, *head->symbol);
+        base = reached;
+        top = outer;
+    }
 }
 
 /// Evaluates arguments into registers that follow each other; gives the first.
@@ -171,7 +199,7 @@ std::int32_t CodeGenerator::receiver(AST* list)
         beforeLast = beforeLast->right;
     AST* method = std::exchange(beforeLast->right, nullptr);
     const std::int32_t target = newTemporary();
-    select(list, nullptr, target);
+    select(list, target);
     beforeLast->right = method;
     return target;
 }

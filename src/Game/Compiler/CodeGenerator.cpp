@@ -298,7 +298,7 @@ void CodeGenerator::effect(AST* node)
 
 std::size_t CodeGenerator::emit(Opcode opcode, std::int32_t a, std::int32_t b, std::int32_t c)
 {
-    const int scaled = registersAmong(opcodeRow(opcode).operands);
+    const int scaled = kRegisterOperands[static_cast<std::size_t>(opcode)];
     program.code.push_back({opcode, static_cast<std::uint16_t>(scaled & 1 ? a * kRegisterStep : a),
                             static_cast<std::uint16_t>(scaled & 2 ? b * kRegisterStep : b),
                             static_cast<std::uint16_t>(scaled & 4 ? c * kRegisterStep : c)});
@@ -346,8 +346,7 @@ void CodeGenerator::patch(std::size_t at, std::size_t target)
 
 void CodeGenerator::patchTo(const JumpList& jumps, std::size_t target)
 {
-    for (const std::size_t jump : jumps)
-        patch(jump, target);
+    jumps.forEach([&](std::size_t jump) { patch(jump, target); });
 }
 
 void CodeGenerator::patchHere(const JumpList& jumps)

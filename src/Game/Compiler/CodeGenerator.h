@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Game/Compiler/ConstantTable.h"
+#include "Game/Compiler/JumpList.h"
 #include "Game/Compiler/Nesting.h"
 #include "Game/Compiler/Program.h"
 #include "Game/Compiler/Resolver.h"
@@ -42,8 +43,6 @@ class CodeGenerator
             return mode == Mode::Integer && value == static_cast<std::int16_t>(value);
         }
     };
-    /// Jumps that wait for their target.
-    using JumpList = std::vector<std::size_t>;
     struct Loop
     {
         JumpList breaks, continues;
@@ -114,11 +113,12 @@ class CodeGenerator
         std::int32_t count = 0;
         AST* member = nullptr; ///< the one selector, when it is a name
     };
-    Selection selection(AST* list, const AST* behind);
-    void load(const Selection& from, std::int32_t target);
+    Selection selection(AST* list);
+    void load(const Selection& from, std::int32_t target, Symbol& head);
+    void selectOne(AST* selector, std::int32_t base, std::int32_t target, Symbol& head);
     void store(const Selection& into, std::int32_t value);
     bool storeConstant(AST* list, const AST& value);
-    void select(AST* list, const AST* behind, std::int32_t target);
+    void select(AST* list, std::int32_t target);
     std::int32_t arguments(AST* list, int& count);
     std::int32_t call(AST* node);
     void callNative(AST* node, std::int32_t target);

@@ -229,7 +229,7 @@ void CodeGenerator::intoHere(AST* node, std::int32_t target)
     case kNodeCell:
         if (node->has(AST::kStatic))
             return staticCall(node, nullptr, target);
-        return select(node, nullptr, target);
+        return select(node, target);
     case kNodeAdd:
         return into(node->left, target); // the plus sign
     case kNodeSubtract:
@@ -524,7 +524,7 @@ CodeGenerator::Operand CodeGenerator::assignment(AST* node, Result result)
     value.mode = Operand::Mode::Register;
     const std::int32_t outer = top;
     position = {node->line, node->fileIndex};
-    store(selection(target, nullptr), value.value);
+    store(selection(target), value.value);
     top = result == Result::Wanted ? outer : top;
     return value;
 }
@@ -576,18 +576,18 @@ CodeGenerator::Operand CodeGenerator::stepElement(AST* node, AST* target, Result
     Operand made;
     made.value = newTemporary();
     if (postfix && (runsTwice || result == Result::Wanted))
-        select(target, nullptr, made.value);
+        select(target, made.value);
     const std::int32_t outer = top;
     const std::int32_t changed = newTemporary();
-    const Selection place = selection(target, nullptr);
-    load(place, changed);
+    const Selection place = selection(target);
+    load(place, changed, *place.head->symbol);
     steppedBy(node, changed, KnownKind::Any);
     store(place, changed);
     if (!postfix)
         move(made.value, changed);
     top = outer;
     if (!postfix && runsTwice)
-        select(target, nullptr, made.value);
+        select(target, made.value);
     return made;
 }
 
@@ -626,16 +626,20 @@ void CodeGenerator::branchHere(AST* node, bool sense, JumpList& jumps)
 void CodeGenerator::branchChain(AST* node, bool sense, JumpList& jumps)
 {
     const bool deciding = node->kind == kNodeOr;
-    std::vector<AST*> terms;
-    AST* first = node;
-    for (; first->kind == node->kind; first = first->left)
-        terms.push_back(first->right);
-    terms.push_back(first);
     JumpList decided;
     JumpList& early = sense == deciding ? jumps : decided;
-    for (std::size_t i = terms.size(); i-- > 1;)
-        branch(terms[i], deciding, early);
-    branch(terms[0], sense, jumps);
+    if (node->left->kind != node->kind) {
+        branch(node->left, deciding, early);
+    } else {
+        std::vector<AST*> terms;
+        AST* first = node->left;
+        for (; first->kind == node->kind; first = first->left)
+            terms.push_back(first->right);
+        branch(first, deciding, early);
+        for (std::size_t i = terms.size(); i-- > 0;)
+            branch(terms[i], deciding, early);
+    }
+    branch(node->right, sense, jumps);
     patchHere(decided);
 }
 

@@ -1,6 +1,7 @@
 #include "Game/Compiler/Heap.h"
 
 #include "Game/Compiler/ClassInterface.h"
+#include "Game/Compiler/ElementMemory.h"
 #include "Game/Compiler/InterpreterException.h"
 
 #include <algorithm>
@@ -46,7 +47,8 @@ void Marker::drain()
             break;
         }
         case HeapObject::Type::Table:
-            mark(static_cast<MemberTable&>(*object).members());
+            for (const MemberTable::Member& member : static_cast<const MemberTable&>(*object).all())
+                mark(member.value);
             break;
         case HeapObject::Type::Box: {
             const auto& box = static_cast<const ObjectBox&>(*object);
@@ -213,7 +215,7 @@ void Heap::resize(Array& array, std::int64_t size)
 void Heap::allocateElements(Array& array, std::uint32_t size)
 {
     charge(std::size_t{size} * sizeof(OperandData));
-    auto* memory = static_cast<OperandData*>(std::calloc(size, sizeof(OperandData)));
+    auto* memory = static_cast<OperandData*>(ElementMemory::allocate(size * sizeof(OperandData)));
     if (!memory) {
         bytes -= std::size_t{size} * sizeof(OperandData);
         outOfMemory();
@@ -230,8 +232,8 @@ void Heap::reserve(Array& array, std::uint64_t size, std::uint64_t wanted)
     const std::size_t before = inlined ? 0 : std::size_t{array.capacity} * sizeof(OperandData);
     const std::size_t after = wanted * sizeof(OperandData);
     charge(after); // both blocks stand for a moment
-    auto* memory =
-        static_cast<OperandData*>(std::realloc(inlined ? nullptr : array.elements, after));
+    auto* memory = static_cast<OperandData*>(
+        ElementMemory::grow(inlined ? nullptr : array.elements, before, after));
     if (!memory) {
         bytes -= after;
         outOfMemory();
@@ -343,8 +345,9 @@ void Heap::release(HeapObject& object)
     case HeapObject::Type::Array: {
         auto& array = static_cast<Array&>(object);
         if (array.elements != array.inlined) {
-            bytes -= std::size_t{array.capacity} * sizeof(OperandData);
-            std::free(array.elements);
+            const std::size_t size = std::size_t{array.capacity} * sizeof(OperandData);
+            bytes -= size;
+            ElementMemory::release(array.elements, size);
         }
         break;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -88,6 +89,7 @@ enum class Operands : std::uint8_t
     X(SetElementInt, "ARRAYD", ABInt) X(SetElementBoolean, "ARRAYD", ABInt)                        \
     X(GetMember, "ARRAYD", ABName) X(GetMemberG, "ARRAYD", ABName)                                 \
     X(SetMember, "ARRAYD", ABName) X(SetMemberG, "ARRAYD", ABName) /* a.name(c) = b */             \
+    X(MemberHint, "NOP", Index) /* behind them: where the member was the last time */              \
     X(GetChain, "ARRAYD", ABCount) /* a = b, then c selectors from the register of the extra */        \
     X(SetChain, "ARRAYD", ABCount) /* b, then c selectors from the register of the extra, = a */       \
     X(ChainExtra, "NOP", ABCount) /* a: first selector, c: 1 where the base is a slot */           \
@@ -119,7 +121,7 @@ inline constexpr int kRegisterStep = 16;
 inline constexpr int kMaxRegisters = 65536 / kRegisterStep;
 
 /// The operands that are registers or slots: 1 for a, 2 for b, 4 for c.
-constexpr int registersAmong(Operands operands)
+constexpr std::uint8_t registersAmong(Operands operands)
 {
     switch (operands) {
     case Operands::None:
@@ -145,6 +147,13 @@ struct OpcodeRow
     std::string_view name;
     std::string_view mnemonic;
     Operands operands;
+};
+
+/// `registersAmong` by opcode.
+constexpr std::array<std::uint8_t, static_cast<std::size_t>(Opcode::Count)> kRegisterOperands = {
+#define VARN_MASK(name, mnemonic, operands) registersAmong(Operands::operands),
+    VARN_INSTRUCTIONS(VARN_MASK)
+#undef VARN_MASK
 };
 
 /// What is known of an instruction, for listings and checks.

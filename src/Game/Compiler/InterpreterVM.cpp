@@ -61,7 +61,9 @@ inline double numberX(const OperandData& value)
 }
 inline std::int32_t intX(const OperandData& value)
 {
-    return value.is(ValueKind::Int) ? value.asInt() : value.toInt();
+    if (value.is(ValueKind::Int))
+        return value.asInt();
+    return value.is(ValueKind::Number) ? truncateToInt(value.asNumber()) : value.toInt();
 }
 inline bool isNumeric(const OperandData& value)
 {
@@ -95,13 +97,6 @@ inline bool isTrue(const OperandData& value)
     if (value.is(ValueKind::Boolean))
         return value.asBoolean();
     return value.is(ValueKind::Int) ? value.asInt() != 0 : value.isTrue();
-}
-
-/// Bytes from one instruction to another.
-inline std::uint64_t distance(const Instruction* from, const Instruction* to)
-{
-    return static_cast<std::uint64_t>(reinterpret_cast<const std::byte*>(to) -
-                                      reinterpret_cast<const std::byte*>(from));
 }
 
 inline std::uint64_t siteKey(const OperandData& receiver)
@@ -202,8 +197,8 @@ inline std::uint64_t siteKey(const OperandData& receiver)
         }                                                                                          \
         for (std::uint32_t missing = (given); missing < entered->parameters; ++missing)            \
             setInt(base[missing], 0);                                                              \
-        base[-1].head = distance(code, returnTo) << 32;                                            \
-        base[-1].bits = reinterpret_cast<std::uint64_t>(entered);                                  \
+        base[-1].head = entered->headerWord();                                                     \
+        base[-1].bits = reinterpret_cast<std::uint64_t>(returnTo);                                 \
         R = base;                                                                                  \
         pc = entered->start;                                                                       \
         CHECK_STOP();                                                                              \
@@ -225,6 +220,25 @@ inline std::uint64_t siteKey(const OperandData& receiver)
         } else { SAVE(); copy(A, *elementPlace(const_cast<OperandData&>(from), index)); }          \
         NEXT();                                                                                    \
     } while (false)
+// A member is looked for where a table had it the last time.
+#define MEMBER(base, name)                                                                         \
+    (base.is(ValueKind::Table) ? base.asTable()->at(static_cast<std::uint32_t>(pc[1].wide()), name) : nullptr)
+#define GET_MEMBER(base)                                                                           \
+    do {                                                                                           \
+        OperandData& from = (base);                                                                \
+        const OperandData* member = MEMBER(from, pc->c);                                           \
+        if (!member) [[unlikely]] { SAVE(); member = memberAt(from, pc->c); }                      \
+        copy(A, *member);                                                                          \
+        ++pc; NEXT();                                                                              \
+    } while (false)
+#define SET_MEMBER(base)                                                                           \
+    do {                                                                                           \
+        OperandData& in = (base);                                                                  \
+        OperandData* member = MEMBER(in, pc->c);                                                   \
+        if (!member) [[unlikely]] { SAVE(); member = memberAt(in, pc->c); }                        \
+        copy(*member, B);                                                                          \
+        ++pc; NEXT();                                                                              \
+    } while (false)
 #define SET_ELEMENT(base, value)                                                                          \
     do {                                                                                           \
         OperandData& in = (base); const OperandData& index = B;                                    \
@@ -244,7 +258,6 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         VARN_INSTRUCTIONS(VARN_LABEL)
 #undef VARN_LABEL
     };
-    const Instruction* const code = program.code.data();
     const double* const K = program.numbers.data();
     const std::atomic<bool>& stop = stopRequested;
     const Instruction* pc = this->pc;
@@ -252,42 +265,25 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     OperandData* G = stack.get() + kHeader;
     DISPATCH();
 
-    CASE(Move) : copy(A, B);
-    NEXT();
-    CASE(LoadInt) : setInt(A, pc->wide());
-    NEXT();
-    CASE(LoadBoolean) : setBoolean(A, pc->wide() != 0);
-    NEXT();
-    CASE(LoadNumber) : setNumber(A, K[pc->wide()]);
-    NEXT();
-    CASE(LoadString) : copy(A, program.strings[static_cast<std::size_t>(pc->wide())]);
-    NEXT();
-    CASE(LoadFunction)
-        : A = OperandData::function(program.functions[static_cast<std::size_t>(pc->wide())].get());
-    NEXT();
-    CASE(LoadSelector) : A = OperandData::selector(static_cast<std::uint32_t>(pc->wide()));
-    NEXT();
-    CASE(LoadGlobal) : copy(A, at(G, pc->b));
-    NEXT();
-    CASE(StoreGlobal) : copy(at(G, pc->a), B);
-    NEXT();
+    // clang-format off
+    CASE(Move): copy(A, B); NEXT();
+    CASE(LoadInt): setInt(A, pc->wide()); NEXT();
+    CASE(LoadBoolean): setBoolean(A, pc->wide() != 0); NEXT();
+    CASE(LoadNumber): setNumber(A, K[pc->wide()]); NEXT();
+    CASE(LoadString): copy(A, program.strings[static_cast<std::size_t>(pc->wide())]); NEXT();
+    CASE(LoadFunction): A = OperandData::function(program.functions[static_cast<std::size_t>(pc->wide())].get()); NEXT();
+    CASE(LoadSelector): A = OperandData::selector(static_cast<std::uint32_t>(pc->wide())); NEXT();
+    CASE(LoadGlobal): copy(A, at(G, pc->b)); NEXT();
+    CASE(StoreGlobal): copy(at(G, pc->a), B); NEXT();
 
-    CASE(AddII) : setInt(A, wrapAdd(B.asInt(), C.asInt()));
-    NEXT();
-    CASE(AddIC) : setInt(A, wrapAdd(B.asInt(), pc->signedC()));
-    NEXT();
-    CASE(AddIX) : setInt(A, wrapAdd(B.asInt(), intX(C)));
-    NEXT();
-    CASE(AddNI) : setNumber(A, B.asNumber() + C.asInt());
-    NEXT();
-    CASE(AddNN) : setNumber(A, B.asNumber() + C.asNumber());
-    NEXT();
-    CASE(AddNX) : setNumber(A, B.asNumber() + numberX(C));
-    NEXT();
-    CASE(AddNK) : setNumber(A, B.asNumber() + K[pc->c]);
-    NEXT();
-    CASE(AddXX) :
-    {
+    CASE(AddII): setInt(A, wrapAdd(B.asInt(), C.asInt())); NEXT();
+    CASE(AddIC): setInt(A, wrapAdd(B.asInt(), pc->signedC())); NEXT();
+    CASE(AddIX): setInt(A, wrapAdd(B.asInt(), intX(C))); NEXT();
+    CASE(AddNI): setNumber(A, B.asNumber() + C.asInt()); NEXT();
+    CASE(AddNN): setNumber(A, B.asNumber() + C.asNumber()); NEXT();
+    CASE(AddNX): setNumber(A, B.asNumber() + numberX(C)); NEXT();
+    CASE(AddNK): setNumber(A, B.asNumber() + K[pc->c]); NEXT();
+    CASE(AddXX): {
         const OperandData& left = B;
         const OperandData& right = C;
         if (left.is(ValueKind::Number) && right.is(ValueKind::Number)) {
@@ -300,8 +296,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         }
         NEXT();
     }
-    CASE(AddXC) :
-    {
+    CASE(AddXC): {
         const OperandData& left = B;
         if (left.is(ValueKind::Int)) {
             setInt(A, wrapAdd(left.asInt(), pc->signedC()));
@@ -315,8 +310,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     }
     NUMERIC_FORMS(Sub, x - y)
     NUMERIC_FORMS(Mul, x * y)
-    CASE(DivII) :
-    {
+    CASE(DivII): {
         if (C.asInt() == 0) [[unlikely]] {
             SAVE();
             fail(u"division by zero");
@@ -324,10 +318,8 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         setInt(A, divideBy(B.asInt(), C.asInt()));
         NEXT();
     }
-    CASE(DivIC) : setInt(A, divideBy(B.asInt(), pc->signedC()));
-    NEXT();
-    CASE(DivXC) :
-    {
+    CASE(DivIC): setInt(A, divideBy(B.asInt(), pc->signedC())); NEXT();
+    CASE(DivXC): {
         const OperandData& left = B;
         if (left.is(ValueKind::Int))
             setInt(A, divideBy(left.asInt(), pc->signedC()));
@@ -342,8 +334,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     NUMERIC_CONSTANT_FORM(Div, I, x / y)
     NUMERIC_CONSTANT_FORM(Div, N, x / y)
     NUMERIC_CONSTANT_FORM(Div, X, x / y)
-    CASE(DivXX) :
-    {
+    CASE(DivXX): {
         const OperandData& left = B;
         const OperandData& right = C;
         if (left.is(ValueKind::Number)) {
@@ -354,8 +345,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         }
         NEXT();
     }
-    CASE(ModII) :
-    {
+    CASE(ModII): {
         if (C.asInt() == 0) [[unlikely]] {
             SAVE();
             fail(u"remainder by zero");
@@ -363,12 +353,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         setInt(A, remainderBy(B.asInt(), C.asInt()));
         NEXT();
     }
-    CASE(ModIC) : setInt(A, remainderBy(B.asInt(), pc->signedC()));
-    NEXT();
-    CASE(ModXC) : setInt(A, remainderBy(intX(B), pc->signedC()));
-    NEXT();
-    CASE(ModXX) :
-    {
+    CASE(ModIC): setInt(A, remainderBy(B.asInt(), pc->signedC())); NEXT();
+    CASE(ModXC): setInt(A, remainderBy(intX(B), pc->signedC())); NEXT();
+    CASE(ModXX): {
         const std::int32_t divisor = intX(C);
         if (divisor == 0) [[unlikely]] {
             SAVE();
@@ -382,22 +369,16 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     BIT_FORMS(Xor, x ^ y)
     BIT_FORMS(LShift, shiftLeft(x, y))
     BIT_FORMS(RShift, shiftRight(x, y))
-    CASE(Negate) : setNumber(A, -numberX(B));
-    NEXT();
-    CASE(Not) : setBoolean(A, !isTrue(B));
-    NEXT();
-    CASE(CastInt) : setInt(A, intX(B));
-    NEXT();
-    CASE(CastNumber) : setNumber(A, numberX(B));
-    NEXT();
-    CASE(TypeOf) :
-    {
+    CASE(Negate): setNumber(A, -numberX(B)); NEXT();
+    CASE(Not): setBoolean(A, !isTrue(B)); NEXT();
+    CASE(CastInt): setInt(A, intX(B)); NEXT();
+    CASE(CastNumber): setNumber(A, numberX(B)); NEXT();
+    CASE(TypeOf): {
         SAVE();
         copy(A, kindNameOf(B));
         NEXT();
     }
-    CASE(Is) : setBoolean(A, isOfClass(B, program.classes[pc->c]));
-    NEXT();
+    CASE(Is): setBoolean(A, isOfClass(B, program.classes[pc->c])); NEXT();
     RELATION(RelLess, Less)
     RELATION(RelLessOrEqual, LessOrEqual)
     RELATION(RelGreater, Greater)
@@ -405,20 +386,16 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     RELATION(RelEqual, Equal)
     RELATION(RelNotEqual, NotEqual)
 
-    CASE(IncrementI) : setInt(A, wrapAdd(A.asInt(), 1));
-    NEXT();
-    CASE(DecrementI) : setInt(A, wrapAdd(A.asInt(), -1));
-    NEXT();
-    CASE(Increment) :
-    {
+    CASE(IncrementI): setInt(A, wrapAdd(A.asInt(), 1)); NEXT();
+    CASE(DecrementI): setInt(A, wrapAdd(A.asInt(), -1)); NEXT();
+    CASE(Increment): {
         if (A.is(ValueKind::Int))
             setInt(A, wrapAdd(A.asInt(), 1));
         else if (A.is(ValueKind::Number))
             setNumber(A, A.asNumber() + 1);
         NEXT();
     }
-    CASE(Decrement) :
-    {
+    CASE(Decrement): {
         if (A.is(ValueKind::Int))
             setInt(A, wrapAdd(A.asInt(), -1));
         else if (A.is(ValueKind::Number))
@@ -426,11 +403,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         NEXT();
     }
 
-    CASE(Jump) : pc += pc->wide();
-    CHECK_STOP();
-    NEXT();
-    CASE(IfTrue) : BRANCH(isTrue(A));
-    CASE(IfFalse) : BRANCH(!isTrue(A));
+    CASE(Jump): pc += pc->wide(); CHECK_STOP(); NEXT();
+    CASE(IfTrue): BRANCH(isTrue(A));
+    CASE(IfFalse): BRANCH(!isTrue(A));
     BRANCH_FORMS(II, A.asInt(), B.asInt())
     BRANCH_FORMS(IC, A.asInt(), pc->signedB())
     BRANCH_FORMS(NN, A.asNumber(), B.asNumber())
@@ -452,10 +427,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     COUNT_FORM(CountLessOrEqualIC, pc->signedB(), <=)
     COUNT_ANY_FORM(CountLessOrEqualIX, LessOrEqual, <=)
 
-    CASE(GetElement) : GET_ELEMENT(B);
-    CASE(GetElementG) : GET_ELEMENT(at(G, pc->b));
-    CASE(GetElementC) :
-    {
+    CASE(GetElement): GET_ELEMENT(B);
+    CASE(GetElementG): GET_ELEMENT(at(G, pc->b));
+    CASE(GetElementC): {
         OperandData& from = B;
         if (from.is(ValueKind::Array) && pc->c < from.asArray()->size()) [[likely]] {
             copy(A, (*from.asArray())[pc->c]);
@@ -465,84 +439,57 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         }
         NEXT();
     }
-    CASE(SetElement) : SET_ELEMENT(A, C);
-    CASE(SetElementG) : SET_ELEMENT(at(G, pc->a), C);
-    CASE(SetElementInt) :
-    {
+    CASE(SetElement): SET_ELEMENT(A, C);
+    CASE(SetElementG): SET_ELEMENT(at(G, pc->a), C);
+    CASE(SetElementInt): {
         OperandData value;
         setInt(value, pc->signedC());
         SET_ELEMENT(A, value);
     }
-    CASE(SetElementBoolean) :
-    {
+    CASE(SetElementBoolean): {
         OperandData value;
         setBoolean(value, pc->c != 0);
         SET_ELEMENT(A, value);
     }
-    CASE(GetMember) :
-    {
-        SAVE();
-        copy(A, *memberPlace(B, pc->c));
-        NEXT();
-    }
-    CASE(GetMemberG) :
-    {
-        SAVE();
-        copy(A, *memberPlace(at(G, pc->b), pc->c));
-        NEXT();
-    }
-    CASE(SetMember) :
-    {
-        SAVE();
-        copy(*memberPlace(A, pc->c), B);
-        NEXT();
-    }
-    CASE(SetMemberG) :
-    {
-        SAVE();
-        copy(*memberPlace(at(G, pc->a), pc->c), B);
-        NEXT();
-    }
-    CASE(GetChain) :
-    {
+    CASE(GetMember): GET_MEMBER(B);
+    CASE(GetMemberG): GET_MEMBER(at(G, pc->b));
+    CASE(SetMember): SET_MEMBER(A);
+    CASE(SetMemberG): SET_MEMBER(at(G, pc->a));
+    CASE(MemberHint): NEXT();
+    CASE(GetChain): {
         SAVE();
         copy(A, *chainPlace(pc[1].c ? at(G, pc->b) : B, &at(R, pc[1].a), pc->c));
         ++pc;
         NEXT();
     }
-    CASE(SetChain) :
-    {
+    CASE(SetChain): {
         SAVE();
         copy(*chainPlace(pc[1].c ? at(G, pc->b) : B, &at(R, pc[1].a), pc->c), A);
         ++pc;
         NEXT();
     }
-    CASE(ChainExtra) : CASE(Extra) : NEXT();
-    CASE(NewArray) :
-    {
+    CASE(ChainExtra): CASE(Extra): NEXT();
+    CASE(NewArray): {
         SAVE();
         newArray(A, &at(R, pc->b), pc->c);
         NEXT();
     }
-    CASE(AppendArray) :
-    {
+    CASE(AppendArray): {
         SAVE();
         appendArray(A, &at(R, pc->b), pc->c);
         NEXT();
     }
 
-    CASE(Call) : CALL_VALUE(at(G, pc->b));
-    CASE(CallValue) : CALL_VALUE(B);
-    CASE(CallNative) :
-    {
+    CASE(Call): CALL_VALUE(at(G, pc->b));
+    CASE(CallValue): CALL_VALUE(B);
+    CASE(CallNative): {
         SAVE();
         callNative(program.natives[static_cast<std::size_t>(pc[1].wide())], &at(R, pc->a), pc->c,
                    B);
         ++pc;
         NEXT();
     }
-    CASE(CallMethod) : CASE(CallStatic) :
-    {
+    CASE(CallMethod): CASE(CallStatic): {
         CallSite& site = program.sites[static_cast<std::size_t>(pc[1].wide())];
         const OperandData& receiver = B;
         const std::uint64_t key = site.isStatic ? 0 : siteKey(receiver);
@@ -562,28 +509,25 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         ++pc;
         NEXT();
     }
-    CASE(MethodResult) : copy(A, at(R, pc[-1].a));
-    NEXT();
-    CASE(New) :
-    {
+    CASE(MethodResult): copy(A, at(R, pc[-1].a)); NEXT();
+    CASE(New): {
         SAVE();
         newObject(A, &at(R, pc->b), pc->c, program.classes[static_cast<std::size_t>(pc[1].wide())]);
         ++pc;
         NEXT();
     }
-    CASE(Return) :
-    {
+    CASE(Return): {
         const std::uint64_t head = A.head;
         const std::uint64_t bits = A.bits;
         OperandData* const header = R - 1;
-        pc = reinterpret_cast<const Instruction*>(reinterpret_cast<const std::byte*>(code) +
-                                                  (header->head >> 32));
+        pc = reinterpret_cast<const Instruction*>(header->bits);
         header->head = head;
         header->bits = bits;
         R = &at(header, -static_cast<std::size_t>(pc[-1].a));
         DISPATCH();
     }
-    CASE(Halt) : goto ended;
+    CASE(Halt): goto ended;
+    // clang-format on
 
 ended:
     SAVE();

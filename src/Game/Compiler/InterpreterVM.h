@@ -51,7 +51,7 @@ class InterpreterVM
 
     template <bool counted>
     State interpret(std::uint64_t& budget);
-    const FunctionCode& currentFunction() const { return *frame[-1].asFunction(); }
+    const FunctionCode& currentFunction() const { return FunctionCode::ofHeader(frame[-1].head); }
 
     OperandData* makeRoom(OperandData* base, const FunctionCode& function);
     void collect();
@@ -63,6 +63,7 @@ class InterpreterVM
     std::int32_t remainder(std::int32_t left, std::int32_t right) const;
     OperandData* elementPlace(OperandData& base, const OperandData& index);
     OperandData* memberPlace(OperandData& base, std::uint32_t name);
+    OperandData* memberAt(OperandData& base, std::uint32_t name);
     OperandData* chainPlace(OperandData& base, const OperandData* selectors, std::uint32_t count);
     void newArray(OperandData& target, const OperandData* first, std::uint32_t count);
     void appendArray(const OperandData& target, const OperandData* first, std::uint32_t count);

@@ -20,36 +20,38 @@ std::int32_t Array::indexOf(const OperandData& value, std::int32_t from) const
     return -1;
 }
 
-int MemberTable::positionOf(std::uint32_t name, std::uint32_t hint) const
+int MemberTable::positionOf(std::uint32_t name) const
 {
-    if (hint < names.size() && names[hint] == name)
-        return static_cast<int>(hint);
-    if (names.size() > kLookedThrough) {
-        const auto found = index.find(name);
-        return found == index.end() ? -1 : static_cast<int>(found->second);
+    if (index) {
+        const auto found = index->find(name);
+        return found == index->end() ? -1 : static_cast<int>(found->second);
     }
-    const auto found = std::find(names.begin(), names.end(), name);
-    return found == names.end() ? -1 : static_cast<int>(found - names.begin());
-}
-
-OperandData* MemberTable::find(std::uint32_t name)
-{
-    const int position = positionOf(name, 0);
-    return position < 0 ? nullptr : &values[static_cast<std::size_t>(position)];
+    for (std::size_t i = 0; i < members.size(); ++i)
+        if (members[i].name == name)
+            return static_cast<int>(i);
+    return -1;
 }
 
 OperandData& MemberTable::ensure(std::uint32_t name)
 {
     if (OperandData* known = find(name))
         return *known;
-    names.push_back(name);
-    values.emplace_back();
-    if (names.size() == kLookedThrough + 1)
-        for (std::uint32_t i = 0; i < names.size(); ++i)
-            index.emplace(names[i], i);
-    else if (names.size() > kLookedThrough)
-        index.emplace(name, static_cast<std::uint32_t>(names.size() - 1));
-    return values.back();
+    members.push_back({name, {}});
+    count = static_cast<std::uint32_t>(members.size());
+    if (members.size() == kLookedThrough + 1) {
+        index = std::make_unique<Index>();
+        for (std::uint32_t i = 0; i < count; ++i)
+            index->emplace(members[i].name, i);
+    } else if (index) {
+        index->emplace(name, count - 1);
+    }
+    return members.back().value;
+}
+
+std::size_t MemberTable::footprint() const
+{
+    constexpr std::size_t kIndexed = 48; // of an entry of the index, about
+    return members.capacity() * sizeof(Member) + (index ? members.size() * kIndexed : 0);
 }
 
 namespace {

@@ -80,26 +80,40 @@ class Array : public HeapObject
 class MemberTable : public HeapObject
 {
   public:
-    std::uint32_t size() const { return static_cast<std::uint32_t>(names.size()); }
+    struct Member
+    {
+        std::uint32_t name;
+        OperandData value;
+    };
+
+    std::uint32_t size() const { return count; }
+    /// The member at a position that another table had it at, or null: tables of one make agree.
+    OperandData* at(std::uint32_t position, std::uint32_t name)
+    {
+        return position < count && members[position].name == name ? &members[position].value
+                                                                  : nullptr;
+    }
+    /// Place of a member, or -1.
+    int positionOf(std::uint32_t name) const;
     /// Null when there is no such member.
-    OperandData* find(std::uint32_t name);
+    OperandData* find(std::uint32_t name)
+    {
+        const int position = positionOf(name);
+        return position < 0 ? nullptr : &members[static_cast<std::size_t>(position)].value;
+    }
     /// The member, made "undefined" when new. The reference holds until the next member is made.
     OperandData& ensure(std::uint32_t name);
 
-    std::span<OperandData> members() { return values; }
+    std::span<const Member> all() const { return members; }
     /// Bytes beside the object itself.
-    std::size_t footprint() const { return names.capacity() * 24; }
-
-    /// Position of a member in `members`, or -1; `hint` is looked at first.
-    int positionOf(std::uint32_t name, std::uint32_t hint) const;
+    std::size_t footprint() const;
 
   private:
     static constexpr std::size_t kLookedThrough = 8;
+    using Index = std::unordered_map<std::uint32_t, std::uint32_t>; // name to position
 
-    std::vector<std::uint32_t> names;
-    std::vector<OperandData> values;
-    std::unordered_map<std::uint32_t, std::uint32_t>
-        index; // name to position, beyond kLookedThrough
+    std::vector<Member> members;
+    std::unique_ptr<Index> index; // beyond kLookedThrough members
 };
 
 /// "Dictionary" of scripts: values by text. Hashed; `sortedKeys` gives the ordered face.

@@ -7,9 +7,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <clocale>
-#include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <locale.h>
 
 namespace varn {
@@ -25,6 +24,12 @@ constexpr WStringView kKindNames[] = {u"undefined", u"undefined", u"int",      u
 bool isSpace(char16_t unit)
 {
     return unit == u' ' || (unit >= 9 && unit <= 13);
+}
+
+bool sameText(WStringView a, WStringView b)
+{
+    return a.size() == b.size() &&
+           std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
 }
 
 bool isDigit(char16_t unit)
@@ -209,8 +214,8 @@ bool OperandData::equals(const OperandData& right) const
     if (is(ValueKind::Function) || right.is(ValueKind::Function))
         return getKind() == right.getKind() && bits == right.bits;
     if (is(ValueKind::String) && !right.is(ValueKind::Int) && !right.is(ValueKind::Number))
-        return right.is(ValueKind::String) ? asText() == right.asText()
-                                           : asText() == right.toString();
+        return right.is(ValueKind::String) ? sameText(asText(), right.asText())
+                                           : sameText(asText(), right.toString());
     if (isBoxed() && asBox()->classInterface)
         return asBox()->classInterface->compare(
             asBox()->instance, right.isBoxed() ? right.asBox()->instance : nullptr);

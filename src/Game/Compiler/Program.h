@@ -17,7 +17,14 @@ struct FunctionCode
 {
     std::string name;
     const Instruction* start = nullptr; ///< into the program's code
-    std::uint32_t number = 0;           ///< counted from 1; what the function is as a number
+
+    /// The function as the first word of a frame's header: no kind of value that means something.
+    std::uint64_t headerWord() const { return reinterpret_cast<std::uint64_t>(this) << 8; }
+    static const FunctionCode& ofHeader(std::uint64_t word)
+    {
+        return *reinterpret_cast<const FunctionCode*>(word >> 8);
+    }
+    std::uint32_t number = 0; ///< counted from 1; what the function is as a number
     std::uint32_t parameters =
         0; ///< arguments it sees: what is missing is 0, what is too much is dropped
     std::uint32_t frameBytes = 0; ///< of its registers

@@ -46,7 +46,8 @@ AST* lastCell(AST* list)
 }
 
 Resolver::Resolver(SymbolTable& symbols, Arena& arena, CompileErrors& errors)
-    : symbols(symbols), arena(arena), errors(errors)
+    : symbols(symbols), arena(arena), errors(errors), textType(symbols.intern("String")),
+      arrayType(symbols.intern("Array"))
 {}
 
 void Resolver::report(ErrorCode code, const AST* at, std::string_view name)
@@ -286,9 +287,9 @@ Symbol* Resolver::inferredType(AST* value)
     if (!value)
         return nullptr;
     if (value->kind == kTokenString)
-        return symbols.intern("String");
+        return textType;
     if (value->kind == kNodeArray)
-        return symbols.intern("Array");
+        return arrayType;
     if (value->kind != kNodeNew)
         return nullptr;
     Symbol* name = value->left->symbol;
@@ -362,6 +363,10 @@ void Resolver::expression(AST* node)
 /// Chains of operators hang to the left and may be as long as the source: walked without recursion.
 void Resolver::leftChain(AST* node)
 {
+    if (!isBinary(*node->left)) {
+        expression(node->left);
+        return expression(node->right);
+    }
     std::vector<AST*> chain;
     for (; isBinary(*node); node = node->left)
         chain.push_back(node);
@@ -550,7 +555,7 @@ void Resolver::methodCall(AST* node)
         node->flags |= AST::kStatic;
         return staticCall(head, method);
     }
-    Symbol* type = onText ? symbols.intern("String") : head->typeName;
+    Symbol* type = onText ? textType : head->typeName;
     if (type && type->name != "Object" && type->name != "Event") {
         const ClassInterface* declaring = type->nativeClass();
         if (!declaring || !declaring->hasMethod(method->symbol->name))

@@ -100,6 +100,8 @@ class Resolver
     SymbolTable& symbols;
     Arena& arena;
     CompileErrors& errors;
+    Symbol* const textType;
+    Symbol* const arrayType;
     Nesting nesting;
     ResolvedProgram program;
     std::vector<Variable*> declared;

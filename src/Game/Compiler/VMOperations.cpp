@@ -26,8 +26,7 @@ InterpreterVM::InterpreterVM(Interpreter& owner, Heap& heap, Program& program,
       stack(std::make_unique<OperandData[]>(kFirstCells)), cells(kFirstCells)
 {
     const FunctionCode& top = *program.functions.front();
-    stack[0].head = 0;
-    stack[0].bits = reinterpret_cast<std::uint64_t>(&top);
+    stack[0].head = top.headerWord();
     usable = stack.get() + kClearStep;
     frame = stack.get() + kHeader;
     frame = makeRoom(frame, top);
@@ -214,17 +213,24 @@ OperandData* InterpreterVM::memberPlace(OperandData& base, std::uint32_t name)
     return known ? known : &heap.ensureMember(*base.asTable(), name);
 }
 
-/// Several selectors in turn; where one means nothing, the base.
+/// The same, leaving a hint behind the instruction.
+OperandData* InterpreterVM::memberAt(OperandData& base, std::uint32_t name)
+{
+    OperandData* member = memberPlace(base, name);
+    if (base.is(ValueKind::Table))
+        program.code[static_cast<std::size_t>(pc - program.code.data()) + 1].setWide(
+            base.asTable()->positionOf(name));
+    return member;
+}
+
+/// Several selectors in turn; one that means nothing leaves what was reached.
 OperandData* InterpreterVM::chainPlace(OperandData& base, const OperandData* selectors,
                                        std::uint32_t count)
 {
     OperandData* at = &base;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const bool named = selectors[i].is(ValueKind::Selector);
-        if (named ? !at->is(ValueKind::Table) : !at->is(ValueKind::Array))
-            return &base;
-        at = named ? memberPlace(*at, selectors[i].asSelector()) : elementPlace(*at, selectors[i]);
-    }
+    for (std::uint32_t i = 0; i < count; ++i)
+        at = selectors[i].is(ValueKind::Selector) ? memberPlace(*at, selectors[i].asSelector())
+                                                  : elementPlace(*at, selectors[i]);
     return at;
 }
 
