@@ -111,6 +111,7 @@ struct Command
 #define VARN_COMMAND_GROUPS(X)                                                                     \
     X(sessionCommands, "Project and session")                                                      \
     X(mapCommands, "Maps")                                                                         \
+    X(editingCommands, "Editing in a batch")                                                       \
     X(pictureCommands, "Pictures, views and printed maps")                                         \
     X(tableCommands, "Tables and texts")                                                           \
     X(scriptCommands, "Scripts")                                                                   \

@@ -26,10 +26,10 @@ CommandTarget& Context::frame()
     return *target;
 }
 
-void Context::keepEditor(std::unique_ptr<MapEditing> next)
+void Context::keepEditor(std::unique_ptr<WizMapEditor> next)
 {
     session().setEditor(next.get());
-    editor = std::move(next);
+    mapEditor = std::move(next);
 }
 
 void Context::printRecords(const Json& list)

@@ -4,6 +4,7 @@
 #include "DriverHost.h"
 #include "MapEditor3D/Commands.h"
 #include "MapEditor3D/ProjectSession.h"
+#include "MapEditor3D/WizMapEditor.h"
 
 #include <memory>
 
@@ -25,9 +26,10 @@ class Context
     ProjectSession& session();
     /// The frame that commands by number act on.
     CommandTarget& frame();
-    /// Keeps the editor of the map that a batch opened, and hands it to the session; the one before
-    /// goes. Commands that know what they opened take it back from `session().getEditor()`.
-    void keepEditor(std::unique_ptr<MapEditing> next);
+    /// The editor of the map that a batch opened; null: none is open.
+    WizMapEditor* editor() { return mapEditor.get(); }
+    /// Keeps an editor, and hands it to the session.
+    void keepEditor(std::unique_ptr<WizMapEditor> next);
     /// A line of the driver's own on standard error, "varn: " in front.
     void complain(std::string_view utf8) { driver::complain(output, utf8); }
 
@@ -51,7 +53,7 @@ class Context
     DriverHost& driverHost;
     GlobalOptions globals;
     std::unique_ptr<ProjectSession> project;
-    std::unique_ptr<MapEditing> editor;
+    std::unique_ptr<WizMapEditor> mapEditor;
     std::unique_ptr<CommandTarget> target;
     bool inBatch = false;
     bool ended = false;

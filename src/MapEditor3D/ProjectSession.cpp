@@ -187,7 +187,7 @@ void ProjectSession::restoreFrame()
 void ProjectSession::setEditor(MapEditing* next)
 {
     editor = next;
-    if (!editor)
+    if (!editor || !started)
         return;
     editor->setLayer(selectedLayer);
     applyZoom();

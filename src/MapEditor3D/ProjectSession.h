@@ -63,7 +63,8 @@ class ProjectSession
     /// Tells a window that another start asked it to come forward.
     InstanceLock& getInstanceLock() { return instance; }
 
-    /// The editor of the open map, borrowed; null: no map is open.
+    /// The editor of the open map, borrowed; null: no map is open. Behind `start` it takes over the
+    /// frame's layer and zoom.
     void setEditor(MapEditing* next);
     MapEditing* getEditor() const { return editor; }
 

@@ -3,6 +3,7 @@
 #include "Game/Map/MapTree.h"
 #include "Game/Map/WizMap.h"
 #include "MapAsJson.h"
+#include "MapCells.h"
 #include "MapEditor3D/generators/DungeonGenerator.h"
 #include "Util/File.h"
 #include "Util/Host.h"
@@ -104,28 +105,9 @@ Status showMap(Context& context, const Arguments& arguments)
     return Status::Done;
 }
 
-void appendHex(std::string& out, std::uint8_t byte)
-{
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    out += kDigits[byte >> 4];
-    out += kDigits[byte & 15];
-}
-
 Status showCells(Context& context, const Arguments& arguments)
 {
-    const auto map = loadMap(arguments);
-    for (int y = 0; y < map->rows; ++y) {
-        std::string line;
-        for (int x = 0; x < map->cols; ++x) {
-            const WizMapData& cell = map->cellAt(x, y);
-            if (x > 0)
-                line += ' ';
-            for (const std::uint8_t byte :
-                 {cell.north, cell.east, cell.south, cell.west, cell.floor})
-                appendHex(line, byte);
-        }
-        context.out().line(std::string_view(line));
-    }
+    printCells(context.out(), *loadMap(arguments));
     return Status::Done;
 }
 

@@ -1,0 +1,32 @@
+#include "MapCells.h"
+
+namespace varn::driver {
+
+namespace {
+
+void appendHex(std::string& out, std::uint8_t byte)
+{
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    out += kDigits[byte >> 4];
+    out += kDigits[byte & 15];
+}
+
+} // namespace
+
+void printCells(Output& output, const WizMap& map)
+{
+    for (int y = 0; y < map.rows; ++y) {
+        std::string line;
+        for (int x = 0; x < map.cols; ++x) {
+            const WizMapData& cell = map.cellAt(x, y);
+            if (x > 0)
+                line += ' ';
+            for (const std::uint8_t byte :
+                 {cell.north, cell.east, cell.south, cell.west, cell.floor})
+                appendHex(line, byte);
+        }
+        output.line(std::string_view(line));
+    }
+}
+
+} // namespace varn::driver
