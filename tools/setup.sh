@@ -12,6 +12,7 @@ packages_of() {
         echo g++ cmake ninja-build ccache pkg-config \
             libcli11-dev nlohmann-json3-dev \
             libpng-dev zlib1g-dev libjpeg-dev libgif-dev \
+            libvorbis-dev libmpg123-dev libfluidsynth-dev timgm6mb-soundfont \
             qt6-base-dev fonts-vlgothic
         ;;
     test) echo libgtest-dev clang libclang-rt-14-dev ;;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace varn::driver {
 
@@ -20,6 +21,16 @@ std::optional<std::int64_t> parseInteger(std::string_view text)
     if (fault != std::errc() || stop != end || value > INT64_MAX)
         return std::nullopt;
     return isNegative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
+}
+
+std::optional<double> parseNumber(std::string_view text)
+{
+    double value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    if (fault != std::errc() || stop != end || !std::isfinite(value))
+        return std::nullopt;
+    return value;
 }
 
 void Arguments::add(std::string_view name, std::string value, int choice)
@@ -50,6 +61,12 @@ std::int64_t Arguments::integer(std::string_view name, std::int64_t fallback) co
 {
     const Given* const found = find(name);
     return found ? parseInteger(found->value).value_or(fallback) : fallback;
+}
+
+std::optional<double> Arguments::number(std::string_view name) const
+{
+    const Given* const found = find(name);
+    return found ? parseNumber(found->value) : std::nullopt;
 }
 
 int Arguments::choice(std::string_view name, int fallback) const

@@ -96,15 +96,19 @@ void addChecked(Arguments& arguments, const Row& row, std::string value, const C
 {
     const std::string name(row.name);
     int choice = -1;
-    if (row.takes == Takes::Integer) {
-        const auto number = parseInteger(value);
+    const auto check = [&](auto number, const char* kind) {
         if (!number)
-            throw UsageError(name + ": '" + value + "' is not a whole number", command);
-        if (*number < row.least || *number > row.most)
+            throw UsageError(name + ": '" + value + "' is not a " + kind, command);
+        if (*number < static_cast<typename decltype(number)::value_type>(row.least) ||
+            *number > static_cast<typename decltype(number)::value_type>(row.most))
             throw UsageError(name + ": " + value + " is not from " + std::to_string(row.least) +
                                  " to " + std::to_string(row.most),
                              command);
-    }
+    };
+    if (row.takes == Takes::Integer)
+        check(parseInteger(value), "whole number");
+    if (row.takes == Takes::Number)
+        check(parseNumber(value), "number");
     if (row.takes == Takes::Choice) {
         choice = choiceOf(value, row.choices);
         if (choice < 0)

@@ -27,6 +27,7 @@ enum class Takes
 {
     Text,      ///< anything
     Integer,   ///< decimal or 0x..., from `least` to `most`
+    Number,    ///< decimal with a fraction, from `least` to `most`
     Choice,    ///< one of `choices`
     File,      ///< the path of a file; not checked
     Folder,    ///< the path of a folder; not checked
@@ -114,6 +115,7 @@ struct Command
     X(editingCommands, "Editing in a batch")                                                       \
     X(pictureCommands, "Pictures, views and printed maps")                                         \
     X(tableCommands, "Tables and texts")                                                           \
+    X(soundCommands, "Sounds and songs")                                                           \
     X(scriptCommands, "Scripts")                                                                   \
     X(regexCommands, "Regular expressions")                                                        \
     X(fileCommands, "Documents and text files")                                                    \
@@ -153,6 +155,8 @@ class Arguments
     /// The same as it was written, in UTF-8; for paths of this machine.
     std::string utf8(std::string_view name, std::string_view fallback = {}) const;
     std::int64_t integer(std::string_view name, std::int64_t fallback = 0) const;
+    /// Of a `Takes::Number`.
+    std::optional<double> number(std::string_view name) const;
     /// Place of the value among the choices of its row, from 0; or the fallback.
     int choice(std::string_view name, int fallback = 0) const;
     /// All values of a repeated argument or option.
@@ -170,5 +174,7 @@ class Arguments
 
 /// A whole number as people write it, decimal or 0x...; nothing for anything else.
 std::optional<std::int64_t> parseInteger(std::string_view text);
+/// A decimal number, with a fraction or without.
+std::optional<double> parseNumber(std::string_view text);
 
 } // namespace varn::driver

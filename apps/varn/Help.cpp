@@ -84,7 +84,7 @@ std::string explain(const Row& row)
             text += c == '|' ? std::string(", ") : std::string(1, c);
     }
     const bool isBounded = row.least != kLeastInteger && row.most != kMostInteger;
-    if (row.takes == Takes::Integer && isBounded)
+    if ((row.takes == Takes::Integer || row.takes == Takes::Number) && isBounded)
         text += ", " + std::to_string(row.least) + " to " + std::to_string(row.most);
     return text;
 }

@@ -8,7 +8,7 @@ namespace varn::driver {
 
 namespace {
 
-const char* folderToRemove = nullptr; // never freed: a handler may be reading it
+const char* folderToRemove = nullptr; // a process has one, and a handler may be reading it
 
 void removeAndEnd(int signal)
 {
@@ -21,6 +21,8 @@ void removeAndEnd(int signal)
 
 void removeOnSignals(const std::filesystem::path& folder)
 {
+    if (folderToRemove)
+        return;
     folderToRemove = ::strdup(folder.c_str());
     for (const int signal : {SIGHUP, SIGINT, SIGPIPE, SIGTERM})
         std::signal(signal, removeAndEnd);

@@ -12,6 +12,7 @@ std::string offerOf(const Row& row)
     switch (row.takes) {
     case Takes::Text:
     case Takes::Integer:
+    case Takes::Number:
         break;
     case Takes::File:
         return "@file";
