@@ -257,11 +257,10 @@ bool MapDatabase::load()
 {
     maps.clear();
     const WString name(kMapHierarchyFile);
-    const auto bytes = readFileOrResource(mapFolder() + name, WString(kDungeonFolder) + name);
-    if (!bytes)
-        return false;
-    parse(decodeBytes(asBytes(*bytes)).text);
-    return true;
+    const auto text = readTextOrResource(mapFolder() + name, WString(kDungeonFolder) + name);
+    if (text)
+        parse(*text);
+    return text.has_value();
 }
 
 void MapDatabase::parse(WStringView text)

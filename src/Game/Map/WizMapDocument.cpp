@@ -189,7 +189,7 @@ bool loadXml(XMLParser& parser, WStringView base)
     const auto* resource = archive == nullptr ? nullptr : archive->getResource(entry);
     if (resource == nullptr)
         return false;
-    return parser.loadBytes(resource->content(), entry);
+    return parser.loadText(resource->text(), entry);
 }
 
 } // namespace

@@ -186,6 +186,14 @@ TEST(MapDatabase, ListsTheMaps)
     EXPECT_EQ(maps.items()[1].id, 4);
     EXPECT_EQ(maps.items()[1].name, u"B 2 F");
 
+    archive.clear();
+    archive.addText(u"Dungeon/MapHierarchy.ini", u"0 1 地図\n"); // would pass for Shift_JIS
+    ASSERT_TRUE(archive.save(u"GameData.gamedata"));
+    closeProjectArchive();
+    ASSERT_TRUE(maps.load());
+    ASSERT_EQ(maps.items().size(), 1U);
+    EXPECT_EQ(maps.items()[0].name, u"地図");
+
     project.write("Project/MapHierarchy.ini", "0 1 plain\n\n0 2 behind an empty line\n");
     ASSERT_TRUE(maps.load());
     ASSERT_EQ(maps.items().size(), 1U);
