@@ -44,18 +44,28 @@ class Lines
     bool atEnd = false;
 };
 
-/// "%d %d %s": the name is all behind the second blank. Nothing: the line is too short.
+/// Takes the word at the front, blanks before it and the one behind it. Nothing: no blank is there.
+std::optional<WStringView> takeWord(WStringView& line)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(u' '), line.size()));
+    const std::size_t end = line.find(u' ');
+    if (end == WStringView::npos)
+        return std::nullopt;
+    const WStringView word = line.substr(0, end);
+    line.remove_prefix(end + 1);
+    return word;
+}
+
+/// "%d %d %s": the name is all behind the blank of the second number. Nothing: the line is too
+/// short.
 std::optional<MapHierarchy::Entry> parseLine(WStringView line)
 {
-    const std::size_t first = line.find(u' ');
-    if (first == WStringView::npos)
+    const auto depth = takeWord(line);
+    const auto id = depth ? takeWord(line) : std::nullopt;
+    if (!id)
         return std::nullopt;
-    const std::size_t second = line.find(u' ', first + 1);
-    if (second == WStringView::npos)
-        return std::nullopt;
-    return MapHierarchy::Entry{std::clamp(parseDecimal(line.substr(0, first)), 0, kMaxDepth),
-                               parseDecimal(line.substr(first + 1, second - first - 1)),
-                               WString(line.substr(second + 1))};
+    return MapHierarchy::Entry{std::clamp(parseDecimal(*depth), 0, kMaxDepth), parseDecimal(*id),
+                               WString(line)};
 }
 
 } // namespace

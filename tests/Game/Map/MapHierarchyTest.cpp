@@ -38,6 +38,7 @@ TEST(MapHierarchy, ReadsLines)
     } cases[] = {
         {"empty", u"", u"", {}},
         {"blanks in names", u"0 1  a  b \n", u"0 1  a  b \n", {}},
+        {"blanks before numbers", u" 0  1 a\n", u"0 1 a\n", {}},
         {"CR LF", u"0 1 a\r\n1 2 b\r\n", u"0 1 a\n1 2 b\n", {}},
         {"LF in a CR LF text is no line end", u"0 1 a\nb\r\n1 2 c\r\n", u"0 1 a\nb\n1 2 c\n", {}},
         {"no end of line", u"0 8191 a", u"0 8191 a\n", {}},
