@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cassert>
 #include <limits>
+#include <utility>
 
 namespace varn {
 
@@ -74,6 +75,7 @@ void MapHierarchy::clear()
 {
     entries.clear();
     encoding = Encoding::ShiftJis;
+    isCutShort = false;
 }
 
 bool MapHierarchy::load(WStringView path)
@@ -84,6 +86,7 @@ bool MapHierarchy::load(WStringView path)
         return false;
     encoding = file->encoding;
     if (const auto line = parse(file->text)) {
+        isCutShort = true;
         host().showMessage(WString(path) + u"\r\nLine " +
                            toDecimal(static_cast<std::int64_t>(*line)) +
                            u" is too short. The lines from there on were not read.");
@@ -106,13 +109,16 @@ std::optional<std::size_t> MapHierarchy::parse(WStringView text)
     return std::nullopt;
 }
 
-bool MapHierarchy::save(WStringView path) const
+bool MapHierarchy::save(WStringView path)
 {
     const WString text = toText();
     const auto bytes = encodeText(text, encoding);
     const bool survives =
         bytes && decodeBytes(asBytes(std::string(byteOrderMark(encoding)) + *bytes)).text == text;
-    return writeTextFile(resolveProjectPath(path), text, survives ? encoding : Encoding::Utf8Bom);
+    const std::filesystem::path file = resolveProjectPath(path);
+    if (std::exchange(isCutShort, false))
+        keepCopy(file);
+    return writeTextFile(file, text, survives ? encoding : Encoding::Utf8Bom);
 }
 
 WString MapHierarchy::toText() const

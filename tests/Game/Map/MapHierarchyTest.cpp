@@ -63,7 +63,7 @@ TEST(MapHierarchy, SurvivesItsFileWhateverTheNames)
     const TemporaryProject project;
     for (const WStringView name :
          {u"plain", u"\u5730\u4e0b\u30bd\u8868", u"caf\u00e9 \ud55c\uad6d", u"\u65e5"}) {
-        const MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
+        MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
         ASSERT_TRUE(tree.save(u"Tree.ini"));
         MapHierarchy again;
         ASSERT_TRUE(again.load(u"tree.INI"));
@@ -93,6 +93,11 @@ TEST(MapHierarchy, TellsOfLinesThatItDidNotRead)
     EXPECT_EQ(host.messages,
               std::vector<WString>{
                   u"t.ini\r\nLine 2 is too short. The lines from there on were not read."});
+
+    const std::string before = project.read("t.ini");
+    for (int time = 0; time < 2; ++time)
+        ASSERT_TRUE(tree.save(u"t.ini"));
+    EXPECT_EQ(project.read("t.ini.bak"), before) << "what was not read is kept";
 }
 
 TEST(MapHierarchy, KnowsItsTree)
