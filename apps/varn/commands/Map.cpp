@@ -114,6 +114,10 @@ void appendHex(std::string& out, std::uint8_t byte)
 Status showCells(Context& context, const Arguments& arguments)
 {
     const auto map = loadMap(arguments);
+    if (context.json()) {
+        context.out().json(cellsAsJson(*map));
+        return Status::Done;
+    }
     for (int y = 0; y < map->rows; ++y) {
         std::string line;
         for (int x = 0; x < map->cols; ++x) {
