@@ -78,4 +78,22 @@ Json mapAsJson(const WizMap& map)
             {"areas", std::move(areas)}};
 }
 
+Json cellsAsJson(const WizMap& map)
+{
+    Json rows = Json::array();
+    for (int y = 0; y < map.rows; ++y) {
+        Json row = Json::array();
+        for (int x = 0; x < map.cols; ++x) {
+            const WizMapData& cell = map.cellAt(x, y);
+            row.push_back({{"north", cell.north},
+                           {"east", cell.east},
+                           {"south", cell.south},
+                           {"west", cell.west},
+                           {"floor", cell.floor}});
+        }
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
 } // namespace varn::driver

@@ -1,5 +1,9 @@
 #include "MapCells.h"
 
+#include "MapAsJson.h"
+
+#include <nlohmann/json.hpp>
+
 namespace varn::driver {
 
 namespace {
@@ -13,8 +17,12 @@ void appendHex(std::string& out, std::uint8_t byte)
 
 } // namespace
 
-void printCells(Output& output, const WizMap& map)
+void printCells(Context& context, const WizMap& map)
 {
+    if (context.json()) {
+        context.out().json(cellsAsJson(map));
+        return;
+    }
     for (int y = 0; y < map.rows; ++y) {
         std::string line;
         for (int x = 0; x < map.cols; ++x) {
@@ -25,7 +33,7 @@ void printCells(Output& output, const WizMap& map)
                  {cell.north, cell.east, cell.south, cell.west, cell.floor})
                 appendHex(line, byte);
         }
-        output.line(std::string_view(line));
+        context.out().line(std::string_view(line));
     }
 }
 

@@ -2,9 +2,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include <utility>
+
 namespace varn::driver {
 
 namespace {
+
+constexpr const char* kWipeLine = "\r\033[K";
 
 void write(std::string_view bytes)
 {
@@ -47,6 +51,20 @@ void Output::bytes(ByteSpan bytes)
 void Output::json(const Json& value)
 {
     line(std::string_view(value.dump(2)));
+}
+
+void Output::flush()
+{
+    std::fflush(stdout);
+    if (std::exchange(hasProgress, false))
+        std::fputs(kWipeLine, stderr);
+}
+
+void Output::progress(std::string_view utf8)
+{
+    flush();
+    std::fwrite(utf8.data(), 1, utf8.size(), stderr);
+    hasProgress = true;
 }
 
 static std::string plainValue(const Json& value)

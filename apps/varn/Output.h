@@ -30,9 +30,15 @@ class Output
     /// One flat record: a line "KEY: VALUE" a value.
     void record(const Json& fields);
 
-    void flush() { std::fflush(stdout); }
+    /// Shows what was printed, and wipes the line of progress: something else is about to appear.
+    void flush();
+    /// The line of progress on standard error, which is a terminal; it replaces the one before.
+    void progress(std::string_view utf8);
     /// False once anything could not be written: a full disk, a closed pipe.
     bool isGood() const { return std::ferror(stdout) == 0; }
+
+  private:
+    bool hasProgress = false;
 };
 
 /// CR LF as LF; a CR by itself stays.

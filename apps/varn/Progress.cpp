@@ -17,8 +17,6 @@ void interrupt(int signal)
     std::signal(signal, handlerBefore);
 }
 
-constexpr const char* kWipeLine = "\r\033[K";
-
 } // namespace
 
 Progress::Progress(Output& output) : output(output), isTerminal(::isatty(STDERR_FILENO) != 0)
@@ -30,8 +28,7 @@ Progress::Progress(Output& output) : output(output), isTerminal(::isatty(STDERR_
 Progress::~Progress()
 {
     std::signal(SIGINT, handlerBefore);
-    if (shown >= 0)
-        std::fputs(kWipeLine, stderr);
+    output.flush();
     if (interrupted)
         std::fputs("varn: interrupted\n", stderr);
 }
@@ -48,8 +45,9 @@ bool Progress::report(std::uint64_t done, std::uint64_t total, WStringView entry
     const int percent = total == 0 ? 100 : static_cast<int>(done * 100 / total);
     if (isTerminal && percent != shown) {
         shown = percent;
-        output.flush();
-        std::fprintf(stderr, "%s%3d %% %s", kWipeLine, percent, toUtf8(entry).c_str());
+        char text[16];
+        std::snprintf(text, sizeof text, "%3d %% ", percent);
+        output.progress(text + toUtf8(entry));
     }
     return !interrupted;
 }

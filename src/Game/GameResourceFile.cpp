@@ -4,6 +4,7 @@
 #include "Game/ArchiveStream.h"
 #include "Util/File.h"
 #include "Util/Host.h"
+#include "Util/TextFile.h"
 
 #include <algorithm>
 #include <limits>
@@ -203,6 +204,11 @@ ProjectArchive& theProjectArchive()
 
 } // namespace
 
+WString GameResourceFile::ResourceData::text() const
+{
+    return isText ? fromUtf8(asChars(content())) : decodeBytes(data).text;
+}
+
 void GameResourceFile::addText(WString name, WString text)
 {
     entries.push_back({std::move(name), std::move(text), {}});
@@ -338,15 +344,30 @@ void closeProjectArchive()
     archive.file.reset();
 }
 
+static const GameResourceFile::ResourceData* findResource(WStringView archiveName)
+{
+    const GameResourceFile* archive = projectArchive();
+    return archive == nullptr ? nullptr : archive->getResource(archiveName);
+}
+
 std::optional<std::string> readFileOrResource(WStringView path, WStringView archiveName)
 {
     if (auto bytes = readFile(resolveProjectPath(path)))
         return bytes;
-    const GameResourceFile* archive = projectArchive();
-    const auto* resource = archive == nullptr ? nullptr : archive->getResource(archiveName);
+    const auto* resource = findResource(archiveName);
     if (resource == nullptr)
         return std::nullopt;
     return std::string(asChars(resource->content()));
+}
+
+std::optional<WString> readTextOrResource(WStringView path, WStringView archiveName)
+{
+    if (auto file = readTextFile(resolveProjectPath(path)))
+        return std::move(file->text);
+    const auto* resource = findResource(archiveName);
+    if (resource == nullptr)
+        return std::nullopt;
+    return resource->text();
 }
 
 } // namespace varn

@@ -41,6 +41,8 @@ class GameResourceFile
             const bool terminated = isText && !data.empty() && data.back() == std::byte{0};
             return terminated ? data.first(data.size() - 1) : data;
         }
+        /// A text as it was added, or that of a file in the encoding found by its bytes.
+        WString text() const;
     };
 
     GameResourceFile() = default;
@@ -82,5 +84,7 @@ void closeProjectArchive();
 /// Bytes of a plain project file or, failing that, of the archive's entry `archiveName`, of a text
 /// without its zero byte.
 std::optional<std::string> readFileOrResource(WStringView path, WStringView archiveName);
+/// The same as text.
+std::optional<WString> readTextOrResource(WStringView path, WStringView archiveName);
 
 } // namespace varn

@@ -50,7 +50,14 @@ bool runGame(CommandTarget& target, const Command&, int)
         host().showMessage(u"Couldn't run " + game);
         return false;
     }
-    return target.getSession().saveCurrentMap() && host().openWithShell(game);
+    ProjectSession& session = target.getSession();
+    if (!session.saveCurrentMap())
+        return false;
+    WString words;
+    if (const MapEditing* const editor = session.getEditor())
+        words = u'"' + toWide(session.getTempFolder() / "") + editor->getMapName() + u".map\"";
+    host().runProgram(game, words); // its end is not waited for, nor a refusal told
+    return true;
 }
 
 /// Runs `Action` on the editor of the open map; without one there is nothing to act on.

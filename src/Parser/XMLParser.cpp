@@ -180,6 +180,12 @@ bool XMLParser::loadBytes(ByteSpan bytes, WStringView name)
     return state->loadFrom(std::move(copy), name);
 }
 
+bool XMLParser::loadText(WString text, WStringView name)
+{
+    state->fileName = name;
+    return parse(std::move(text));
+}
+
 std::optional<ParserException> XMLParser::tryParse(WString text)
 {
     Reading reading;

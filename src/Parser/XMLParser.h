@@ -55,6 +55,8 @@ class XMLParser
     bool load(WStringView path);
     /// The same for a file already in memory; `name` stands in the report.
     bool loadBytes(ByteSpan bytes, WStringView name);
+    /// The same for a text that was decoded elsewhere: no declaration contradicts it.
+    bool loadText(WString text, WStringView name);
     /// A text in memory. False: refused (the report was shown), or without a root (silent).
     bool parse(WString text);
     /// As `parse`, but silent: the report comes back, and nothing when the tree stands.

@@ -48,6 +48,12 @@ class Host
     virtual std::optional<WString> chooseFolder(WStringView title) = 0;
     /// Opens a file, folder or address with what the desktop uses for it; false: it could not.
     virtual bool openWithShell(WStringView target) = 0;
+    /// Runs a program, without waiting; `words` is what stands behind it on a command line, quoted
+    /// as it needs. False: it could not. A host that runs none opens the program as any file.
+    virtual bool runProgram(WStringView program, WStringView /*words*/)
+    {
+        return openWithShell(program);
+    }
     /// Opens a text file in the desktop's editor, without waiting.
     virtual bool editText(WStringView path) = 0;
     virtual void beep() = 0;

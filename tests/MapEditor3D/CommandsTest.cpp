@@ -100,16 +100,24 @@ TEST_F(CommandsTest, ExportingNeedsAMap)
     EXPECT_TRUE(frame.windows.empty());
 }
 
-TEST_F(CommandsTest, TheGameIsMissing)
+TEST_F(CommandsTest, RunsTheGameWithTheOpenMap)
 {
     RecordingEditor editor;
     session.setEditor(&editor);
     editor.calls.clear();
+    const std::filesystem::path game = programFolder() / "Game.exe";
     EXPECT_FALSE(dispatchCommand(frame, 17));
-    EXPECT_EQ(
-        host.messages,
-        std::vector<WString>{u"Couldn't run " + fromUtf8((programFolder() / "Game.exe").string())});
+    EXPECT_EQ(host.messages, std::vector<WString>{u"Couldn't run " + toWide(game)});
     EXPECT_TRUE(editor.calls.empty());
+
+    ASSERT_TRUE(replaceFile(game, asBytes("runtime")));
+    EXPECT_TRUE(dispatchCommand(frame, 17));
+    editor.canSave = false;
+    EXPECT_FALSE(dispatchCommand(frame, 17));
+    std::filesystem::remove(game);
+    EXPECT_EQ(host.ran,
+              std::vector<WString>{toWide(game) + u" \"" + toWide(tempFolder()) + u"/B1F.map\""});
+    EXPECT_EQ(editor.calls, (std::vector<std::string>{"save", "save"}));
 }
 
 TEST_F(CommandsTest, CoordinatesToggleAndTheEndIsKept)

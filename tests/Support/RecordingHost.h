@@ -18,6 +18,7 @@ class RecordingHost : public Host
     std::vector<Question> questions;
     std::deque<Answer> answers;     ///< taken from the front; No when empty
     std::vector<WString> opened;    ///< openWithShell and editText
+    std::vector<WString> ran;       ///< runProgram: program, blank, words
     WString clipboard;
     std::uint64_t nowMs = 0;
     bool japanese = false;
@@ -37,6 +38,11 @@ class RecordingHost : public Host
     bool openWithShell(WStringView target) override
     {
         opened.emplace_back(target);
+        return true;
+    }
+    bool runProgram(WStringView program, WStringView words) override
+    {
+        ran.push_back(WString(program) + u" " + WString(words));
         return true;
     }
     bool editText(WStringView path) override { return openWithShell(path); }

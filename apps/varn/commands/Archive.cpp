@@ -53,7 +53,7 @@ Status get(Context& context, const Arguments& arguments)
 bool addEntry(Context& context, GameResourceFile& archive, const Arguments::Given& option)
 {
     const std::size_t equals = option.value.find('=');
-    if (equals == std::string::npos || equals == 0)
+    if (equals == std::string::npos || equals == 0 || equals + 1 == option.value.size())
         throw UsageError(std::string(option.name) + ": '" + option.value +
                              "' is not of the form NAME=PATH",
                          findDriverCommand("archive make"));

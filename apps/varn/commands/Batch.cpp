@@ -87,6 +87,10 @@ Status runLines(Context& context, std::FILE* file, const std::string& name, bool
         if (!keepsGoing)
             break;
     }
+    if (std::ferror(file)) {
+        context.complain(name + ": the file cannot be read");
+        return first == Status::Done ? Status::Failed : first;
+    }
     return first;
 }
 

@@ -133,7 +133,7 @@ Status redo(Context& context, WizMapEditor& editor, const Arguments&)
 
 Status cells(Context& context, WizMapEditor& editor, const Arguments&)
 {
-    printCells(context.out(), editor.getMap());
+    printCells(context, editor.getMap());
     return Status::Done;
 }
 

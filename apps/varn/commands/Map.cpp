@@ -107,7 +107,7 @@ Status showMap(Context& context, const Arguments& arguments)
 
 Status showCells(Context& context, const Arguments& arguments)
 {
-    printCells(context.out(), *loadMap(arguments));
+    printCells(context, *loadMap(arguments));
     return Status::Done;
 }
 

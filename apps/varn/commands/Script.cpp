@@ -3,7 +3,6 @@
 #include "Game/Compiler/Listing.h"
 #include "Game/Compiler/classes/Classes.h"
 #include "Game/GameResourceFile.h"
-#include "Util/TextFile.h"
 
 #include <cstdio>
 
@@ -14,13 +13,13 @@ namespace {
 /// Reads and compiles a script file; the faults go to standard error as they stand.
 bool compile(Context& context, Interpreter& script, const WString& file)
 {
-    const auto bytes = readFileOrResource(file, file);
-    if (!bytes) {
+    auto text = readTextOrResource(file, file);
+    if (!text) {
         context.complain(toUtf8(file) + ": the file cannot be read");
         return false;
     }
     try {
-        script.compile(file, decodeBytes(asBytes(*bytes)).text);
+        script.compile(file, std::move(*text));
         return true;
     } catch (const std::string& errors) {
         context.out().flush();

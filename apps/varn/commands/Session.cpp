@@ -129,13 +129,23 @@ Status hierarchy(Context& context, const Arguments&)
     return Status::Done;
 }
 
+Json resourceAsJson(const ResourceItem& item)
+{
+    Json fields = {{"id", item.id}, {"path", jsonText(item.path)}};
+    if (const auto* const image = dynamic_cast<const ImageResourceItem*>(&item)) {
+        fields["movementType"] = image->movementType;
+        fields["scalingType"] = image->scalingType;
+    }
+    return fields;
+}
+
 Json catalogueAsJson(const GameResourceManager& catalogue)
 {
     Json lists = Json::object();
     for (const ResourceCategoryInfo& info : resourceCategories()) {
         Json items = Json::array();
         for (const auto& item : catalogue.items(info.category))
-            items.push_back({{"id", item->id}, {"path", jsonText(item->path)}});
+            items.push_back(resourceAsJson(*item));
         lists[jsonText(info.listElement)] = std::move(items);
     }
     return {{"scale", catalogue.scale}, {"lists", std::move(lists)}};

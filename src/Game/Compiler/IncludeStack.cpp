@@ -1,7 +1,6 @@
 #include "Game/Compiler/IncludeStack.h"
 
 #include "Game/GameResourceFile.h"
-#include "Util/File.h"
 #include "Util/ProjectPath.h"
 #include "Util/TextFile.h"
 
@@ -25,13 +24,6 @@ WStringView folderOf(WStringView path)
 {
     const std::size_t separator = path.find_last_of(u"/\\");
     return separator == WStringView::npos ? WStringView() : path.substr(0, separator + 1);
-}
-
-WString decodeScript(ByteSpan bytes)
-{
-    while (!bytes.empty() && bytes.back() == std::byte{0})
-        bytes = bytes.first(bytes.size() - 1); // an archived text keeps its terminator
-    return decodeBytes(bytes).text;
 }
 
 } // namespace
@@ -60,8 +52,8 @@ bool IncludeStack::find(WStringView name, Found& found) const
     for (const WString& place : places) {
         if (!isFile(place))
             continue;
-        if (const auto bytes = readFile(resolveProjectPath(place))) {
-            found = {fullPath(place), decodeScript(asBytes(*bytes))};
+        if (auto file = readTextFile(resolveProjectPath(place))) {
+            found = {fullPath(place), std::move(file->text)};
             return true;
         }
     }
@@ -71,7 +63,7 @@ bool IncludeStack::find(WStringView name, Found& found) const
     for (const WString& entry : {WString(name), kScriptFolder + WString(name),
                                  kScriptFolder + WString(fileNameOf(name))}) {
         if (const auto* resource = archive->getResource(entry)) {
-            found = {entry, decodeScript(resource->data)};
+            found = {entry, resource->text()};
             return true;
         }
     }

@@ -82,4 +82,13 @@ WString findMapFile(WStringView fileName)
     return found == std::end(candidates) ? name : *found;
 }
 
+void keepCopy(const std::filesystem::path& path)
+{
+    std::filesystem::path kept = path;
+    kept += ".bak";
+    std::error_code fault;
+    std::filesystem::copy_file(path, kept, std::filesystem::copy_options::overwrite_existing,
+                               fault);
+}
+
 } // namespace varn

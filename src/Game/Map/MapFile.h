@@ -4,6 +4,7 @@
 #include "Util/Bytes.h"
 #include "Util/Text.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -37,5 +38,9 @@ void setMapFolder(WString folder);
 /// Where a floor's file lies: the name as given, else below `mapFolder()`, there also by its file
 /// name alone, else below "Project/"; the first that is a file, or the name as given.
 WString findMapFile(WStringView fileName);
+
+/// Keeps a file that was not read whole from being lost to its replacement: a copy with ".bak"
+/// behind its name, in place of an older one.
+void keepCopy(const std::filesystem::path& path);
 
 } // namespace varn

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cassert>
 #include <limits>
+#include <utility>
 
 namespace varn {
 
@@ -44,18 +45,28 @@ class Lines
     bool atEnd = false;
 };
 
-/// "%d %d %s": the name is all behind the second blank. Nothing: the line is too short.
+/// Takes the word at the front, blanks before it and the one behind it. Nothing: no blank is there.
+std::optional<WStringView> takeWord(WStringView& line)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(u' '), line.size()));
+    const std::size_t end = line.find(u' ');
+    if (end == WStringView::npos)
+        return std::nullopt;
+    const WStringView word = line.substr(0, end);
+    line.remove_prefix(end + 1);
+    return word;
+}
+
+/// "%d %d %s": the name is all behind the blank of the second number. Nothing: the line is too
+/// short.
 std::optional<MapHierarchy::Entry> parseLine(WStringView line)
 {
-    const std::size_t first = line.find(u' ');
-    if (first == WStringView::npos)
+    const auto depth = takeWord(line);
+    const auto id = depth ? takeWord(line) : std::nullopt;
+    if (!id)
         return std::nullopt;
-    const std::size_t second = line.find(u' ', first + 1);
-    if (second == WStringView::npos)
-        return std::nullopt;
-    return MapHierarchy::Entry{std::clamp(parseDecimal(line.substr(0, first)), 0, kMaxDepth),
-                               parseDecimal(line.substr(first + 1, second - first - 1)),
-                               WString(line.substr(second + 1))};
+    return MapHierarchy::Entry{std::clamp(parseDecimal(*depth), 0, kMaxDepth), parseDecimal(*id),
+                               WString(line)};
 }
 
 } // namespace
@@ -64,6 +75,7 @@ void MapHierarchy::clear()
 {
     entries.clear();
     encoding = Encoding::ShiftJis;
+    isCutShort = false;
 }
 
 bool MapHierarchy::load(WStringView path)
@@ -74,6 +86,7 @@ bool MapHierarchy::load(WStringView path)
         return false;
     encoding = file->encoding;
     if (const auto line = parse(file->text)) {
+        isCutShort = true;
         host().showMessage(WString(path) + u"\r\nLine " +
                            toDecimal(static_cast<std::int64_t>(*line)) +
                            u" is too short. The lines from there on were not read.");
@@ -96,13 +109,16 @@ std::optional<std::size_t> MapHierarchy::parse(WStringView text)
     return std::nullopt;
 }
 
-bool MapHierarchy::save(WStringView path) const
+bool MapHierarchy::save(WStringView path)
 {
     const WString text = toText();
     const auto bytes = encodeText(text, encoding);
     const bool survives =
         bytes && decodeBytes(asBytes(std::string(byteOrderMark(encoding)) + *bytes)).text == text;
-    return writeTextFile(resolveProjectPath(path), text, survives ? encoding : Encoding::Utf8Bom);
+    const std::filesystem::path file = resolveProjectPath(path);
+    if (std::exchange(isCutShort, false))
+        keepCopy(file);
+    return writeTextFile(file, text, survives ? encoding : Encoding::Utf8Bom);
 }
 
 WString MapHierarchy::toText() const
@@ -257,11 +273,10 @@ bool MapDatabase::load()
 {
     maps.clear();
     const WString name(kMapHierarchyFile);
-    const auto bytes = readFileOrResource(mapFolder() + name, WString(kDungeonFolder) + name);
-    if (!bytes)
-        return false;
-    parse(decodeBytes(asBytes(*bytes)).text);
-    return true;
+    const auto text = readTextOrResource(mapFolder() + name, WString(kDungeonFolder) + name);
+    if (text)
+        parse(*text);
+    return text.has_value();
 }
 
 void MapDatabase::parse(WStringView text)

@@ -9,6 +9,7 @@
 #include "Util/Host.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace varn {
 
@@ -189,7 +190,7 @@ bool loadXml(XMLParser& parser, WStringView base)
     const auto* resource = archive == nullptr ? nullptr : archive->getResource(entry);
     if (resource == nullptr)
         return false;
-    return parser.loadBytes(resource->content(), entry);
+    return parser.loadText(resource->text(), entry);
 }
 
 } // namespace
@@ -267,8 +268,8 @@ bool WizMap::save(WStringView name)
     fileName = base;
 
     const std::filesystem::path sideDocument = resolveProjectPath(base + u".xml");
-    if (sideDocumentUnread)
-        keepUnreadDocument(sideDocument);
+    if (std::exchange(sideDocumentUnread, false))
+        keepCopy(sideDocument);
     ByteWriter out;
     out.bytes(byteOrderMark(Encoding::Unicode));
     out.utf16(toXml());
@@ -308,15 +309,6 @@ void WizMap::loadSideDocument(WStringView base)
         parser.makeRoot(u"Map");
     }
     fromXml(*parser.getRootElement());
-}
-
-void WizMap::keepUnreadDocument(const std::filesystem::path& path)
-{
-    std::filesystem::path kept = path;
-    kept += ".bak";
-    std::error_code fault;
-    std::filesystem::rename(path, kept, fault);
-    sideDocumentUnread = false;
 }
 
 } // namespace varn

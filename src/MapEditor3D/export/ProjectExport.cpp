@@ -147,10 +147,12 @@ class Exporter
             host().showMessage(u"Couldn't save " + join(options.target, kRuntime));
     }
 
+    // A map that stands twice in the tree is added once: an archive with a name twice is refused.
     void addMaps()
     {
+        std::set<WStringView> passedOver(options.without.begin(), options.without.end());
         for (const MapHierarchy::Entry& entry : session.getHierarchy().list()) {
-            if (entry.isFolder() || options.without.contains(entry.name))
+            if (entry.isFolder() || !passedOver.insert(entry.name).second)
                 continue;
             const MapFiles files(entry.name, session.getTempFolder());
             const WString name = join(kDungeonFolder, entry.name);

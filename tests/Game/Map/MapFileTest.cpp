@@ -269,14 +269,17 @@ TEST_F(MapFile, ReadsFromTheArchive)
     project.write("packed.map", gridOf(2, 1, "1234567890"));
     GameResourceFile archive;
     archive.addFile(u"Dungeon/B1F.map", u"packed.map");
-    archive.addText(u"Dungeon/B1F.xml", u"<Map level='7' wall2D='Graphics/w.png'><Area number='3' "
-                                        u"x='1' y='2' width='2' height='3'/></Map>");
+    // The declaration of a document as it is written; the archive holds its text in UTF-8.
+    archive.addText(u"Dungeon/B1F.xml", u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n"
+                                        u"<Map name='地図' level='7' wall2D='Graphics/w.png'><Area "
+                                        u"number='3' x='1' y='2' width='2' height='3'/></Map>");
     archive.addText(u"Graphics/w.png", u"picture");
     ASSERT_TRUE(archive.save(u"GameData.gamedata"));
 
     WizMap map;
     map.load(u"Anywhere/B1F.map");
     EXPECT_EQ(map.cols, 2);
+    EXPECT_EQ(widen(map.names[0]), u"地図");
     EXPECT_EQ(map.level, 7);
     EXPECT_EQ(map.getImageName(ImageType::Wall2D), u"Graphics/w.png");
     EXPECT_EQ(map.areas.at(0).getCoordinates().size(), 6U);

@@ -38,6 +38,7 @@ TEST(MapHierarchy, ReadsLines)
     } cases[] = {
         {"empty", u"", u"", {}},
         {"blanks in names", u"0 1  a  b \n", u"0 1  a  b \n", {}},
+        {"blanks before numbers", u" 0  1 a\n", u"0 1 a\n", {}},
         {"CR LF", u"0 1 a\r\n1 2 b\r\n", u"0 1 a\n1 2 b\n", {}},
         {"LF in a CR LF text is no line end", u"0 1 a\nb\r\n1 2 c\r\n", u"0 1 a\nb\n1 2 c\n", {}},
         {"no end of line", u"0 8191 a", u"0 8191 a\n", {}},
@@ -62,7 +63,7 @@ TEST(MapHierarchy, SurvivesItsFileWhateverTheNames)
     const TemporaryProject project;
     for (const WStringView name :
          {u"plain", u"\u5730\u4e0b\u30bd\u8868", u"caf\u00e9 \ud55c\uad6d", u"\u65e5"}) {
-        const MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
+        MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
         ASSERT_TRUE(tree.save(u"Tree.ini"));
         MapHierarchy again;
         ASSERT_TRUE(again.load(u"tree.INI"));
@@ -92,6 +93,11 @@ TEST(MapHierarchy, TellsOfLinesThatItDidNotRead)
     EXPECT_EQ(host.messages,
               std::vector<WString>{
                   u"t.ini\r\nLine 2 is too short. The lines from there on were not read."});
+
+    const std::string before = project.read("t.ini");
+    for (int time = 0; time < 2; ++time)
+        ASSERT_TRUE(tree.save(u"t.ini"));
+    EXPECT_EQ(project.read("t.ini.bak"), before) << "what was not read is kept";
 }
 
 TEST(MapHierarchy, KnowsItsTree)
@@ -185,6 +191,14 @@ TEST(MapDatabase, ListsTheMaps)
     EXPECT_EQ(maps.items()[1].depth, 3);
     EXPECT_EQ(maps.items()[1].id, 4);
     EXPECT_EQ(maps.items()[1].name, u"B 2 F");
+
+    archive.clear();
+    archive.addText(u"Dungeon/MapHierarchy.ini", u"0 1 地図\n"); // would pass for Shift_JIS
+    ASSERT_TRUE(archive.save(u"GameData.gamedata"));
+    closeProjectArchive();
+    ASSERT_TRUE(maps.load());
+    ASSERT_EQ(maps.items().size(), 1U);
+    EXPECT_EQ(maps.items()[0].name, u"地図");
 
     project.write("Project/MapHierarchy.ini", "0 1 plain\n\n0 2 behind an empty line\n");
     ASSERT_TRUE(maps.load());

@@ -20,7 +20,7 @@ class ProjectExportTest : public test::SessionFixture
         map.save(u"Dungeon/B1F");
         map.cols = 3;
         map.save(u"Dungeon/B2F");
-        project.write("Dungeon/MapHierarchy.ini", "1 8192 Crypt\n2 1 B1F\n2 2 B2F\n");
+        project.write("Dungeon/MapHierarchy.ini", kTree);
         project.write("Data/ResourceManager.xml",
                       "<ResourceManager><BackgroundMusicList><BGM id=\"1\" path=\"Audio\\a.ogg\"/>"
                       "</BackgroundMusicList></ResourceManager>");
@@ -30,6 +30,8 @@ class ProjectExportTest : public test::SessionFixture
         project.write("Data/StringTable2.xml",
                       "<StringTable><string name=\"Inn\">Hostel</string></StringTable>");
     }
+
+    static constexpr const char* kTree = "1 8192 Crypt\n2 1 B1F\n2 2 B2F\n1 1 B1F\n"; // one twice
 
     std::optional<WString> exportTo(WStringView target, std::set<WString> without = {})
     {
@@ -72,10 +74,11 @@ TEST_F(ProjectExportTest, TheArchiveHoldsEverythingInOrder)
     archive.load(*path);
     EXPECT_EQ(listing(archive),
               "Dungeon/B1F.map\nDungeon/B1F.xml\nDungeon/B2F.map\nDungeon/B2F.xml\n"
-              "Dungeon/MapHierarchy.ini: 1 8192 Crypt\n2 1 B1F\n2 2 B2F\n\n"
-              "DATABASE\nAudio/a.ogg: OggS\n"
-              "Scripts/a.txt.bak\nScripts/a/z.txt: deep\nScripts/b.txt: \xE3\x81\x82\n"
-              "Scripts/tune.dat: " +
+              "Dungeon/MapHierarchy.ini: " +
+                  std::string(kTree) +
+                  "\nDATABASE\nAudio/a.ogg: OggS\n"
+                  "Scripts/a.txt.bak\nScripts/a/z.txt: deep\nScripts/b.txt: \xE3\x81\x82\n"
+                  "Scripts/tune.dat: " +
                   std::string("\0\xFF", 2) + "\n");
     EXPECT_EQ(asChars(archive.getResource(u"Dungeon/B2F.map")->content()),
               project.read("Dungeon/B2F.map"));
