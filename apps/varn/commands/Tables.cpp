@@ -59,7 +59,7 @@ Status showTable(Context& context, const Arguments& arguments)
         throw UsageError("no table has the file '" + arguments.utf8("FILE") + "'",
                          findDriverCommand("table"));
     const auto minRows = static_cast<std::size_t>(arguments.integer("MINROWS", ownMinimum(*file)));
-    bool isDone = file->load(fileName, minRows);
+    bool isDone = file->load(tableFileName(fileName), minRows);
     context.out().text(file->compose());
     if (arguments.has("--save"))
         isDone = saveTable(context, *file) && isDone;

@@ -71,11 +71,14 @@ LoadedTable loadTable(const Request& request)
     return {request.fileName, table, table->size(), result};
 }
 
-bool isFileOf(const TableInfo& info, WStringView fileName)
+/// The name of the table's file that `fileName` spells, or empty.
+WString fileNameIn(const TableInfo& info, WStringView fileName)
 {
-    return equalsIgnoringAsciiCase(fileName, info.fileName) ||
-           (!info.tagName.empty() &&
-            equalsIgnoringAsciiCase(fileName, WString(info.tagName) + u".xml"));
+    if (equalsIgnoringAsciiCase(fileName, info.fileName))
+        return WString(info.fileName);
+    WString document = WString(info.tagName).append(u".xml");
+    const bool isDocument = !info.tagName.empty() && equalsIgnoringAsciiCase(fileName, document);
+    return isDocument ? document : WString();
 }
 
 } // namespace
@@ -120,9 +123,17 @@ TableFile* findTableFile(WStringView fileName)
     if (equalsIgnoringAsciiCase(fileName, TypesFile::kFileName))
         return &TypesFile::instance();
     for (GameTable* const table : knownTables())
-        if (isFileOf(table->getInfo(), fileName))
+        if (!fileNameIn(table->getInfo(), fileName).empty())
             return table;
     return nullptr;
+}
+
+WString tableFileName(WStringView fileName)
+{
+    for (GameTable* const table : knownTables())
+        if (WString name = fileNameIn(table->getInfo(), fileName); !name.empty())
+            return name;
+    return WString(fileName);
 }
 
 GameTable* findTable(WStringView tagName)

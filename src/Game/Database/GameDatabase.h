@@ -10,6 +10,9 @@ std::span<GameTable* const> knownTables();
 /// The document a file name of the data folder stands for: "State.dat" and "States.xml" are the
 /// states, "Types.xml" is both type tables together. Case is ignored. Null: no table is kept there.
 TableFile* findTableFile(WStringView fileName);
+/// Such a file name as the table spells it, "States.xml" for "states.XML". Load by this one: a
+/// table that is saved names its root after the file, and finds it by its tag, where case counts.
+WString tableFileName(WStringView fileName);
 
 /// The table of that tag ("States"), as fields name what they refer to; null for an unknown one.
 GameTable* findTable(WStringView tagName);
