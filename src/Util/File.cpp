@@ -333,6 +333,14 @@ void FileReplacement::abandon()
     temporary.clear();
 }
 
+void keepAside(const fs::path& path)
+{
+    fs::path kept = path;
+    kept += ".bak";
+    std::error_code fault;
+    fs::rename(path, kept, fault);
+}
+
 bool replaceFile(const fs::path& path, ByteSpan bytes)
 {
     FileReplacement file(path);

@@ -42,6 +42,10 @@ std::optional<std::string> readFile(const std::filesystem::path& path);
 /// permissions are kept. False: nothing could be written, and the old file stands.
 bool replaceFile(const std::filesystem::path& path, ByteSpan bytes);
 
+/// Moves a file that could not be read whole out of the way of the save that follows: its name gets
+/// ".bak" behind it, and an older file of that name is replaced.
+void keepAside(const std::filesystem::path& path);
+
 /// A file that is being composed piece by piece beside its final place; `commit` syncs it and puts it
 /// there. Destroyed without a commit, it leaves the old file and removes what it wrote.
 class FileReplacement

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cassert>
 #include <limits>
+#include <utility>
 
 namespace varn {
 
@@ -64,6 +65,7 @@ void MapHierarchy::clear()
 {
     entries.clear();
     encoding = Encoding::ShiftJis;
+    linesUnread = false;
 }
 
 bool MapHierarchy::load(WStringView path)
@@ -72,8 +74,10 @@ bool MapHierarchy::load(WStringView path)
     const auto file = readTextFile(resolveProjectPath(path));
     if (!file)
         return false;
-    encoding = file->encoding;
+    if (!file->text.empty())
+        encoding = file->encoding;
     if (const auto line = parse(file->text)) {
+        linesUnread = true;
         host().showMessage(WString(path) + u"\r\nLine " +
                            toDecimal(static_cast<std::int64_t>(*line)) +
                            u" is too short. The lines from there on were not read.");
@@ -96,13 +100,16 @@ std::optional<std::size_t> MapHierarchy::parse(WStringView text)
     return std::nullopt;
 }
 
-bool MapHierarchy::save(WStringView path) const
+bool MapHierarchy::save(WStringView path)
 {
     const WString text = toText();
     const auto bytes = encodeText(text, encoding);
     const bool survives =
         bytes && decodeBytes(asBytes(std::string(byteOrderMark(encoding)) + *bytes)).text == text;
-    return writeTextFile(resolveProjectPath(path), text, survives ? encoding : Encoding::Utf8Bom);
+    const std::filesystem::path file = resolveProjectPath(path);
+    if (std::exchange(linesUnread, false))
+        keepAside(file);
+    return writeTextFile(file, text, survives ? encoding : Encoding::Utf8Bom);
 }
 
 WString MapHierarchy::toText() const

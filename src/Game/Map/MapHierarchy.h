@@ -50,8 +50,9 @@ class MapHierarchy
     /// from 1.
     std::optional<std::size_t> parse(WStringView text);
     /// Replaces the file, in the encoding it was read in where that holds every name, else in UTF-8
-    /// with a mark. A new file is Shift_JIS. False: not writable.
-    bool save(WStringView path) const;
+    /// with a mark. A new file is Shift_JIS. A file of which a load left lines unread is kept
+    /// beside the new one, with ".bak" behind its name. False: not writable.
+    bool save(WStringView path);
     /// The file's text: a line "%d %d %s\n" an entry.
     WString toText() const;
 
@@ -88,6 +89,7 @@ class MapHierarchy
 
     std::vector<Entry> entries;
     Encoding encoding = Encoding::ShiftJis;
+    bool linesUnread = false; // of the file as it stands: a save must not lose them
 };
 
 /// The list of maps as the game reads it: the hierarchy's maps, folders left out.

@@ -131,7 +131,6 @@ class WizMap : public AbstractMap, public WizMapProperties
         return static_cast<std::size_t>(static_cast<int>(type) - kFirstImageType);
     }
     void loadSideDocument(WStringView base);
-    void keepUnreadDocument(const std::filesystem::path& path);
 
     std::array<WString, kImageTypes> imageNames;
     std::int32_t visibleDistance = 0;

@@ -9,6 +9,7 @@
 #include "Util/Host.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace varn {
 
@@ -267,8 +268,8 @@ bool WizMap::save(WStringView name)
     fileName = base;
 
     const std::filesystem::path sideDocument = resolveProjectPath(base + u".xml");
-    if (sideDocumentUnread)
-        keepUnreadDocument(sideDocument);
+    if (std::exchange(sideDocumentUnread, false))
+        keepAside(sideDocument);
     ByteWriter out;
     out.bytes(byteOrderMark(Encoding::Unicode));
     out.utf16(toXml());
@@ -308,15 +309,6 @@ void WizMap::loadSideDocument(WStringView base)
         parser.makeRoot(u"Map");
     }
     fromXml(*parser.getRootElement());
-}
-
-void WizMap::keepUnreadDocument(const std::filesystem::path& path)
-{
-    std::filesystem::path kept = path;
-    kept += ".bak";
-    std::error_code fault;
-    std::filesystem::rename(path, kept, fault);
-    sideDocumentUnread = false;
 }
 
 } // namespace varn

@@ -62,7 +62,7 @@ TEST(MapHierarchy, SurvivesItsFileWhateverTheNames)
     const TemporaryProject project;
     for (const WStringView name :
          {u"plain", u"\u5730\u4e0b\u30bd\u8868", u"caf\u00e9 \ud55c\uad6d", u"\u65e5"}) {
-        const MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
+        MapHierarchy tree = treeOf(u"1 1 " + WString(name) + u"\n");
         ASSERT_TRUE(tree.save(u"Tree.ini"));
         MapHierarchy again;
         ASSERT_TRUE(again.load(u"tree.INI"));
@@ -80,6 +80,12 @@ TEST(MapHierarchy, SurvivesItsFileWhateverTheNames)
         << "as found";
     EXPECT_FALSE(tree.load(u"none.ini"));
     EXPECT_TRUE(tree.empty());
+
+    project.write("empty.ini", "");
+    ASSERT_TRUE(tree.load(u"empty.ini"));
+    tree.addMap({}, u"a");
+    ASSERT_TRUE(tree.save(u"empty.ini"));
+    EXPECT_EQ(project.read("empty.ini"), "1 1 a\n") << "an empty file has no encoding to keep";
 }
 
 TEST(MapHierarchy, TellsOfLinesThatItDidNotRead)
@@ -92,6 +98,10 @@ TEST(MapHierarchy, TellsOfLinesThatItDidNotRead)
     EXPECT_EQ(host.messages,
               std::vector<WString>{
                   u"t.ini\r\nLine 2 is too short. The lines from there on were not read."});
+    EXPECT_TRUE(tree.save(u"t.ini"));
+    EXPECT_EQ(project.read("t.ini.bak"), "0 1 a\n0 2\n0 3 c\n");
+    EXPECT_TRUE(tree.save(u"t.ini"));
+    EXPECT_EQ(project.read("t.ini.bak"), "0 1 a\n0 2\n0 3 c\n") << "only once";
 }
 
 TEST(MapHierarchy, KnowsItsTree)
