@@ -16,7 +16,7 @@ bool compile(Context& context, Interpreter& script, const WString& file)
 {
     const auto bytes = readFileOrResource(file, file);
     if (!bytes) {
-        context.complain(toUtf8(file) + ": the file cannot be read");
+        context.complainUnread(file);
         return false;
     }
     try {
