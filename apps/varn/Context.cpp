@@ -3,6 +3,7 @@
 #include "Help.h"
 #include "Signals.h"
 #include "Util/Exception.h"
+#include "Util/ProjectPath.h"
 #include "Util/Random.h"
 
 #include <new>
@@ -40,6 +41,14 @@ void Context::printRecords(const Json& list)
 void Context::printRecord(const Json& fields)
 {
     json() ? output.json(fields) : output.record(fields);
+}
+
+void Context::complainUnread(const WString& path)
+{
+    const char* const why = !pathExists(path) ? ": there is no such file"
+                            : isFolder(path)  ? ": this is a folder"
+                                              : ": the file cannot be read";
+    complain(toUtf8(path) + why);
 }
 
 Status Context::run(const std::vector<std::string>& words)
@@ -94,7 +103,9 @@ Status Context::perform(const Call& call)
         const Status status = call.command->run(*this, call.arguments);
         ended |= target && target->isClosed();
         return status;
-    } catch (const UsageError&) {
+    } catch (UsageError& fault) {
+        if (!fault.command && fault.group.empty())
+            fault.command = call.command;
         throw;
     } catch (const Exception& fault) {
         host().showMessage(fault.getMessage());

@@ -32,6 +32,8 @@ class Context
     void keepEditor(std::unique_ptr<WizMapEditor> next);
     /// A line of the driver's own on standard error, "varn: " in front.
     void complain(std::string_view utf8) { driver::complain(output, utf8); }
+    /// The same of a file of the call that could not be read: the path, and why not.
+    void complainUnread(const WString& path);
 
     /// Reads one call, without the program's name, and runs it. Whatever a call can end with
     /// becomes a status, and what the person must know has been said.

@@ -174,9 +174,15 @@ std::string synopsis(const Command& command)
     return line;
 }
 
+std::string_view callPrefix(const Command& command)
+{
+    return command.where == Where::BatchOnly ? "" : "varn ";
+}
+
 std::string commandHelp(const Command& command)
 {
-    std::string out = "Usage: varn " + synopsis(command) + "\n\n";
+    std::string out = "Usage: ";
+    out.append(callPrefix(command)).append(synopsis(command)).append("\n\n");
     printParagraph(out, sentenceOf(command));
     if (!command.arguments.empty()) {
         std::vector<std::string> texts;
@@ -192,7 +198,7 @@ std::string commandHelp(const Command& command)
     printOptions(out, "Options of every command", globalOptions());
     if (!command.examples.empty()) {
         out += "\nExamples:\n";
-        printLines(out, "  varn ", command.examples);
+        printLines(out, "  " + std::string(callPrefix(command)), command.examples);
     }
     return trimmed(std::move(out));
 }
@@ -229,7 +235,8 @@ void printUsage(const UsageError& fault)
 {
     std::string usage;
     if (fault.command) {
-        usage = "Usage: varn " + synopsis(*fault.command) + "\n";
+        usage = "Usage: ";
+        usage.append(callPrefix(*fault.command)).append(synopsis(*fault.command)).append("\n");
     } else if (!fault.group.empty()) {
         for (const Group& group : commandGroups())
             for (const Command& command : group.commands())
@@ -249,6 +256,8 @@ std::string sentenceOf(const Command& command)
     sentence += ".";
     if (!command.details.empty())
         sentence.append(" ").append(command.details);
+    if (command.where == Where::BatchOnly)
+        sentence += " Works in a batch only.";
     return sentence;
 }
 

@@ -10,6 +10,9 @@ std::string_view versionLine();
 /// The synopsis of a command as one line: "map wall NAME KIND DIRECTION X Y [--json]".
 std::string synopsis(const Command& command);
 
+/// What stands in front of a call of the command where it is typed: "varn ", in a batch nothing.
+std::string_view callPrefix(const Command& command);
+
 /// Summary and details as sentences.
 std::string sentenceOf(const Command& command);
 

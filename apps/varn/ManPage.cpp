@@ -51,7 +51,7 @@ void addTerm(std::string& page, const std::string& term, std::string_view text)
 
 void addCommand(std::string& page, const Command& command)
 {
-    page += ".TP\n" + bold("varn " + std::string(command.words));
+    page += ".TP\n" + bold(std::string(callPrefix(command)) + std::string(command.words));
     for (const Argument& argument : command.arguments)
         page += " " + withOccurrence(argument, italic(argument.name));
     for (const Option& option : command.options)
@@ -79,7 +79,7 @@ void addExamples(std::string& page, std::string_view lines)
 constexpr std::string_view kDescription =
     R"(.SH DESCRIPTION
 .B varn
-is Varn's MapEditor without a window: the same libraries, driven by words.
+is Varn's MapEditor without a window.
 It serves build scripts, batch conversions and checks.
 The project is the working folder; its folders
 .IR Data ", " Dungeon ", " Graphics ", " Audio ", " Scripts " and " Languages
@@ -119,6 +119,12 @@ The settings, beside the program, or in the user's configuration folder where th
 .TP
 .I GameData.gamedata
 The archive of a finished game. The loaders look into it where a plain file is missing.
+.TP
+.I log.log
+Notes of the drawing, in the project. Nothing reads them.
+.TP
+.I *.bak
+A file that could not be read whole, kept when the map or the hierarchy that it belongs to was saved.
 )";
 
 } // namespace
@@ -143,7 +149,8 @@ std::string manPage()
     page += ".SH EXAMPLES\n.EX\n";
     for (const Group& group : commandGroups())
         for (const Command& command : group.commands())
-            addExamples(page, command.examples);
+            if (command.where == Where::Anywhere)
+                addExamples(page, command.examples);
     page += ".EE\n";
     page += kEnd;
     return page;

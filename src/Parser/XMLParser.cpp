@@ -10,6 +10,7 @@
 #include "Parser/XmlScanner.h"
 #include "Util/File.h"
 #include "Util/Host.h"
+#include "Util/ProjectPath.h"
 
 #include <algorithm>
 #include <cassert>
@@ -167,7 +168,11 @@ XMLParser& XMLParser::operator=(XMLParser&&) noexcept = default;
 bool XMLParser::load(WStringView path)
 {
     auto bytes = readWhole(resolveProjectPath(path));
-    return bytes && state->loadFrom(std::move(*bytes), path);
+    if (bytes)
+        return state->loadFrom(std::move(*bytes), path);
+    if (isFile(path))
+        host().showMessage(u"Couldn't open " + WString(path));
+    return false;
 }
 
 bool XMLParser::loadBytes(ByteSpan bytes, WStringView name)

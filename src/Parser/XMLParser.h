@@ -50,8 +50,8 @@ class XMLParser
     XMLParser& operator=(XMLParser&&) noexcept;
 
     /// Reads a project file: detection, parse, and where that fails a second parse in the encoding
-    /// that the document declares. False: missing or empty (silent), or refused (the report was
-    /// shown).
+    /// that the document declares. False: missing or empty (silent), not to be opened (told), or
+    /// refused (the report was shown).
     bool load(WStringView path);
     /// The same for a file already in memory; `name` stands in the report.
     bool loadBytes(ByteSpan bytes, WStringView name);

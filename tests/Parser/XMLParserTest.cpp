@@ -1,5 +1,6 @@
 // Documents as files: detection, repair, reports, saving.
 #include "Parser/XMLParser.h"
+#include "Support/ChildProcess.h"
 #include "Support/RecordingHost.h"
 #include "Support/TemporaryProject.h"
 
@@ -23,6 +24,20 @@ std::string declare(std::string_view encoding, std::string_view body)
 std::string toUtf16(WStringView text)
 {
     return "\xFF\xFE" + encodeText(text, Encoding::Unicode).value();
+}
+
+TEST(XMLParser, TellsOfADocumentThatItMayNotOpen)
+{
+    const TemporaryProject project;
+    RecordingHost person;
+    project.write("closed.xml", "<a/>");
+    std::filesystem::permissions("closed.xml", std::filesystem::perms::none);
+    std::filesystem::permissions(".", std::filesystem::perms(0755));
+    EXPECT_TRUE(test::holdsForOrdinaryUser([&] {
+        XMLParser parser;
+        return !parser.load(u"closed.xml") && !parser.load(u"missing.xml") &&
+               person.messages == std::vector<WString>{u"Couldn't open closed.xml"};
+    }));
 }
 
 TEST(XMLParser, LoadsEveryEncodingAndSavesItBack)

@@ -65,7 +65,7 @@ bool addEntry(Context& context, GameResourceFile& archive, const Arguments::Give
     }
     auto file = readTextFile(resolveProjectPath(path));
     if (!file) {
-        context.complain(toUtf8(path) + ": the file cannot be read");
+        context.complainUnread(path);
         return false;
     }
     archive.addText(std::move(name), std::move(file->text));

@@ -106,7 +106,7 @@ Status batch(Context& context, const Arguments& arguments)
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "rb"),
                                                                std::fclose);
     if (!file) {
-        context.complain(name + ": the file cannot be read");
+        context.complainUnread(fromUtf8(name));
         return Status::Failed;
     }
     return runLines(context, file.get(), name, keepsGoing);

@@ -208,7 +208,10 @@ constexpr Command kCommands[] = {
      .summary = "move the pointer on the canvas",
      .arguments = kPoint,
      .run = onOpenMap<move>,
-     .where = Where::BatchOnly},
+     .where = Where::BatchOnly,
+     .details =
+         "While a button is held with the pen, the cell or edge under the pointer is written; "
+         "what lies between two moves is not."},
     {.words = "release",
      .summary = "let a mouse button go",
      .arguments = kClick,
@@ -257,11 +260,16 @@ constexpr Command kCommands[] = {
     {.words = "state",
      .summary = "print the state of the editor as JSON",
      .run = onOpenMap<state>,
-     .where = Where::BatchOnly},
+     .where = Where::BatchOnly,
+     .details =
+         "\"mode\" is 0 where strokes write, 1 on the events, 2 on the areas; \"layer\" is 1 "
+         "for the floor, 0 for the walls; \"tileSize\" is the width of a cell in pixels."},
     {.words = "save",
      .summary = "save the open map",
      .run = onOpenMap<save>,
-     .where = Where::BatchOnly},
+     .where = Where::BatchOnly,
+     .details = "What is not saved at the end of the batch, or when another map is opened, is "
+                "dropped."},
 };
 
 } // namespace

@@ -19,11 +19,23 @@ void printText(Context& context, const TextDocument& document)
                          {"length", document.getLength()}});
 }
 
+/// Of a document that did not load: what the loader leaves unsaid.
+void tellMissing(Context& context, const WString& path)
+{
+    std::error_code fault;
+    if (!isFile(path))
+        context.complainUnread(path);
+    else if (std::filesystem::is_empty(resolveProjectPath(path), fault))
+        context.complain(toUtf8(path) + ": the file is empty");
+}
+
 Status xml(Context& context, const Arguments& arguments)
 {
     XMLParser document;
-    if (!document.load(arguments.text("FILE")))
+    if (!document.load(arguments.text("FILE"))) {
+        tellMissing(context, arguments.text("FILE"));
         return Status::Failed;
+    }
     context.out().text(document.compose());
     if (!arguments.has("--save") || document.saveAs(arguments.text("--save")))
         return Status::Done;
@@ -64,7 +76,7 @@ Status text(Context& context, const Arguments& arguments)
         throw UsageError("--encoding goes with --save", findDriverCommand("text"));
     TextDocument document;
     if (!document.load(arguments.text("FILE"))) {
-        context.complain(arguments.utf8("FILE") + ": the file cannot be read");
+        context.complainUnread(arguments.text("FILE"));
         return Status::Failed;
     }
     if (arguments.has("--save")) {

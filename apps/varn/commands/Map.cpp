@@ -179,11 +179,12 @@ constexpr Argument kNewWords[] = {
     {"ROWS", "rows", Takes::Integer, Occurs::Once, {}, 1, kMapStride},
 };
 constexpr Option kNewOptions[] = {
-    {.name = "--add", .help = "enter the map into the project's hierarchy too"},
+    {.name = "--add",
+     .help = "enter the map into the project's hierarchy, from which the game is exported"},
 };
 constexpr Argument kWallWords[] = {
     kName,
-    {"KIND", "wall kind: 0 none, 1 wall, 2 door, ...", Takes::Integer, Occurs::Once, {}, 0, 255},
+    {"KIND", "wall kind", Takes::Integer, Occurs::Once, {}, 0, 255},
     {"DIRECTION", "side of the cell", Takes::Choice, Occurs::Once, "north|east|south|west"},
     kX,
     kY,
@@ -220,6 +221,12 @@ constexpr Option kGenerateOptions[] = {
 constexpr std::string_view kEditDetails =
     "The map is loaded, changed and saved; prints \"changed\" or \"unchanged\".";
 
+constexpr std::string_view kWallDetails =
+    "The map is loaded, changed and saved; prints \"changed\" or \"unchanged\". Kinds of wall: "
+    "0 none, 1 wall, 2 door, 3 SW door, 4 NE door, 5 secret door, 6 SW secret door, 7 NE secret "
+    "door, 8 half door, 9 half SW door, 10 half NE door, 11 invisible wall, 12 SW shutter, 13 NE "
+    "shutter. A column or a row beyond the map counts around its edges.";
+
 constexpr Command kCommands[] = {
     {.words = "map new",
      .summary = "write the files of a new map",
@@ -246,7 +253,7 @@ constexpr Command kCommands[] = {
      .arguments = kWallWords,
      .run = setWall,
      .needs = Needs::Project,
-     .details = kEditDetails,
+     .details = kWallDetails,
      .examples = "map wall B1F 2 north 3 0"},
     {.words = "map floor",
      .summary = "put a floor tile into a cell",

@@ -180,7 +180,12 @@ Status html(Context&, const Arguments& arguments)
 }
 
 constexpr Argument kMapName = {.name = "NAME", .help = "the map", .takes = Takes::Map};
-constexpr Argument kOut = {.name = "OUT", .help = "the file to write", .takes = Takes::File};
+constexpr Argument kViewOut = {.name = "OUT",
+                               .help = "the file to write: .png, else a 32-bit Windows bitmap",
+                               .takes = Takes::File};
+constexpr Argument kImageOut = {
+    .name = "OUT", .help = "the PNG file to write", .takes = Takes::File};
+constexpr Argument kPage = {.name = "OUT", .help = "the page to write", .takes = Takes::File};
 
 constexpr Argument kPictureWords[] = {
     {.name = "FILE", .help = "a .png, .bmp, .gif or .jpg file", .takes = Takes::File}};
@@ -216,13 +221,13 @@ constexpr Argument kViewWords[] = {
      .help = "the viewer's facing",
      .takes = Takes::Choice,
      .choices = "north|east|south|west"},
-    kOut};
+    kViewOut};
 constexpr Option kViewOptions[] = {
     {.name = "--size", .value = "WxH", .help = "pixels, up to 4096 each; 320x240 if not given"},
     {.name = "--flip", .help = "mirror the picture"}};
 
-constexpr Argument kImageWords[] = {kMapName, kOut};
-constexpr Argument kHtmlWords[] = {kOut,
+constexpr Argument kImageWords[] = {kMapName, kImageOut};
+constexpr Argument kHtmlWords[] = {kPage,
                                    {.name = "NAME",
                                     .help = "the maps, in the order of the page",
                                     .takes = Takes::Map,
@@ -243,7 +248,9 @@ constexpr Command kCommands[] = {
      .arguments = kImageWords,
      .run = image,
      .needs = Needs::Project,
-     .details = "Cells are 16 pixels; rows are numbered from the bottom."},
+     .details =
+         "Cells are 16 pixels. The numbers at its edge count rows from the bottom, those of the "
+         "commands from the top."},
     {.words = "html",
      .summary = "make a web page of maps",
      .arguments = kHtmlWords,

@@ -15,7 +15,7 @@ bool compile(Context& context, Interpreter& script, const WString& file)
 {
     auto text = readTextOrResource(file, file);
     if (!text) {
-        context.complain(toUtf8(file) + ": the file cannot be read");
+        context.complainUnread(file);
         return false;
     }
     try {

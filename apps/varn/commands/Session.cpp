@@ -8,6 +8,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <set>
+
 namespace varn::driver {
 
 namespace {
@@ -162,13 +164,26 @@ Status catalogue(Context& context, const Arguments&)
     return isRefused ? Status::Failed : Status::Done;
 }
 
+/// The maps to leave out, as the project spells them; a name that none has is told.
+std::set<WString> mapsLeftOut(Context& context, const Arguments& arguments)
+{
+    const MapHierarchy& tree = context.session().getHierarchy();
+    std::set<WString> names;
+    for (const WString& name : arguments.texts("--without")) {
+        if (const auto index = tree.findMap(name))
+            names.insert(tree.at(*index).name);
+        else
+            context.complain("--without: the project has no map '" + toUtf8(name) + "'");
+    }
+    return names;
+}
+
 Status exportGame(Context& context, const Arguments& arguments)
 {
     ProjectSession& session = context.session();
     ExportOptions options;
     options.target = arguments.text("DIR");
-    for (WString& name : arguments.texts("--without"))
-        options.without.insert(std::move(name));
+    options.without = mapsLeftOut(context, arguments);
     if (!canExportProject(session) || !confirmExportTarget(options.target))
         return Status::Failed;
     Progress progress(context.out());
@@ -221,7 +236,10 @@ constexpr Command kCommands[] = {
      .arguments = kSetWords,
      .run = setSetting,
      .examples = "settings set View Language Languages/English.xml"},
-    {.words = "commands", .summary = "list the editor's commands by number", .run = listCommands},
+    {.words = "commands",
+     .summary = "list the editor's commands by number",
+     .run = listCommands,
+     .details = "Prints number and name."},
     {.words = "command",
      .summary = "do what the editor does on a command",
      .arguments = kCommandWords,
@@ -229,12 +247,13 @@ constexpr Command kCommands[] = {
      .needs = Needs::Whole,
      .details = "It acts on the open map, where a batch has opened one. What would open a window "
                 "does nothing; a number that no command has does nothing.",
-     .examples = "command save --yes\ncommand 17"},
+     .examples = "command save --yes\ncommand 203 --yes"},
     {.words = "menu",
      .summary = "print the menu of the language in force",
      .run = menu,
      .needs = Needs::Texts,
-     .details = "An item a line, two blanks a level, the number of its command in brackets."},
+     .details = "An item a line, two blanks a level, the number of its command in brackets. The "
+                "language is that of the setting \"View Language\", else that of the system."},
     {.words = "hierarchy",
      .summary = "list the folders and maps of the project",
      .run = hierarchy,
@@ -250,8 +269,8 @@ constexpr Command kCommands[] = {
      .run = exportGame,
      .needs = Needs::Project,
      .details = "Writes GameData.gamedata, and beside it the runtime if one stands beside this "
-                "program. A project gives the same archive on every machine. Ctrl+C stops, and an "
-                "old archive stays as it was.",
+                "program. What cannot be read is told and left out. A project gives the same "
+                "archive on every machine. Ctrl+C stops, and an old archive stays as it was.",
      .examples = "export out\nexport out --without Testing"},
 };
 

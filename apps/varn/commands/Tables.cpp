@@ -1,6 +1,7 @@
 #include "Context.h"
 #include "Game/Database/GameDatabase.h"
 #include "Game/Database/StringTable.h"
+#include "Util/ProjectPath.h"
 
 #include <nlohmann/json.hpp>
 
@@ -40,6 +41,16 @@ std::int64_t ownMinimum(const TableFile& file)
     return table ? static_cast<std::int64_t>(table->getInfo().minRows) : 0;
 }
 
+/// Why a load gave no table.
+void tellUnread(Context& context, const WString& fileName)
+{
+    const WString path = WString(GameDataIO::dataPath) + fileName;
+    if (isFile(path))
+        context.complain(toUtf8(path) + ": the table's element could not be read");
+    else
+        context.complainUnread(path);
+}
+
 /// A document that was refused is not written over: it can still be repaired.
 bool saveTable(Context& context, TableFile& file)
 {
@@ -56,10 +67,13 @@ Status showTable(Context& context, const Arguments& arguments)
     const WString fileName = arguments.text("FILE");
     TableFile* const file = findTableFile(fileName);
     if (!file)
-        throw UsageError("no table has the file '" + arguments.utf8("FILE") + "'",
+        throw UsageError("no table has the file '" + arguments.utf8("FILE") +
+                             "'; FILE is a file's name in Data, as in 'varn table States.xml'",
                          findDriverCommand("table"));
     const auto minRows = static_cast<std::size_t>(arguments.integer("MINROWS", ownMinimum(*file)));
     bool isDone = file->load(tableFileName(fileName), minRows);
+    if (!isDone)
+        tellUnread(context, fileName);
     context.out().text(file->compose());
     if (arguments.has("--save"))
         isDone = saveTable(context, *file) && isDone;
@@ -79,7 +93,8 @@ Status defaultText(Context& context, const Arguments& arguments)
 }
 
 constexpr Argument kTableWords[] = {
-    {"FILE", "the table's file name: State.dat, States.xml, TrapList.xml", Takes::TableFile},
+    {"FILE", "the table's file name in Data: State.dat, States.xml, TrapList.xml",
+     Takes::TableFile},
     {"MINROWS",
      "pad with blank rows up to this many; else the table's own minimum",
      Takes::Integer,
@@ -105,7 +120,8 @@ constexpr Command kCommands[] = {
      .arguments = kTableWords,
      .options = kTableOptions,
      .run = showTable,
-     .details = "What is printed is what saving would write.",
+     .details = "What is printed is what saving would write, but as UTF-8; --save writes the file. "
+                "Of State.dat, Data/States.xml is read where it exists.",
      .examples = "table State.dat\ntable TrapList.xml 32 --save"},
     {.words = "strings get",
      .summary = "print a text of the string table",

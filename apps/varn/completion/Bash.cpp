@@ -38,13 +38,28 @@ void addBashCommand(std::string& out, const Command& command)
 constexpr std::string_view kBashHead =
     R"sh(# bash completion of varn; made by 'varn completion bash'.
 
+# The maps, quoted for the shell where the word has no quote in front.
+_varn_maps()
+{
+    local name quote=''
+    [[ $cur == [\"\']* ]] && quote=1 cur=${cur:1}
+    cur=${cur//\\/}
+    for name in Dungeon/*.map; do
+        [[ -e $name ]] || continue
+        name=${name#Dungeon/} name=${name%.map}
+        [[ $name == "$cur"* ]] || continue
+        [[ -n $quote ]] || printf -v name %q "$name"
+        COMPREPLY+=("$name")
+    done
+}
+
 _varn_offer()
 {
     local IFS=$'\n'
     case $1 in
         @file) COMPREPLY=($(compgen -f -- "$cur")); compopt -o filenames ;;
         @folder) COMPREPLY=($(compgen -d -- "$cur")); compopt -o filenames ;;
-        @map) COMPREPLY=($(compgen -W "$(cd Dungeon 2>/dev/null && printf '%s\n' *.map | sed 's/\.map$//')" -- "$cur")) ;;
+        @map) _varn_maps ;;
         @table) COMPREPLY=($(compgen -W "$(cd Data 2>/dev/null && printf '%s\n' *.xml *.dat)" -- "$cur")) ;;
         -) ;;
         *) IFS=' '; COMPREPLY=($(compgen -W "$1" -- "$cur")) ;;

@@ -8,8 +8,11 @@ bool BaseDatabase::load(WStringView fileName, std::size_t minRows)
 {
     clear();
     XMLParser parser;
-    if (readDocument(parser, fileName) && findTableElement(*parser.getRootElement()))
-        return load(parser.getRootElement(), minRows);
+    if (readDocument(parser, fileName)) {
+        if (findTableElement(*parser.getRootElement()))
+            return load(parser.getRootElement(), minRows);
+        refused = true;
+    }
     loaded();
     return false;
 }

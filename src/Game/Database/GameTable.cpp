@@ -110,8 +110,10 @@ bool GameTable::readXml(std::size_t minRows)
     XMLParser parser;
     if (readDocument(parser, fileName)) {
         const Element* const table = findTableElement(*parser.getRootElement());
-        if (!table)
+        if (!table) {
+            refused = true;
             return false;
+        }
         readRows(*table);
     }
     pad(minRows);

@@ -61,8 +61,8 @@ class TableFile
     /// Rows, of all tables of the document.
     virtual std::size_t size() const = 0;
 
-    /// The last load met a file that could not be read: saving now would replace or hide what the
-    /// person may still repair.
+    /// The last load met a file that could not be read, or a document without this table: saving
+    /// now would replace or hide what the person may still repair.
     virtual bool wasRefused() const { return refused; }
 
   protected:

@@ -84,7 +84,8 @@ bool MapHierarchy::load(WStringView path)
     const auto file = readTextFile(resolveProjectPath(path));
     if (!file)
         return false;
-    encoding = file->encoding;
+    if (!file->text.empty())
+        encoding = file->encoding;
     if (const auto line = parse(file->text)) {
         isCutShort = true;
         host().showMessage(WString(path) + u"\r\nLine " +

@@ -118,6 +118,7 @@ TEST_F(GameTableTest, FindsTheTableBelowAnotherRoot)
     project.write("Data/States.xml", "<Other><data name='Sleep'/></Other>");
     EXPECT_FALSE(states.load(u"States.xml", 16));
     EXPECT_EQ(states.size(), 0u);
+    EXPECT_TRUE(states.wasRefused()) << "a save would empty the document";
 }
 
 TEST_F(GameTableTest, ReportsARefusedDocumentAndPads)

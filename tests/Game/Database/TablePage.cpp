@@ -10,8 +10,10 @@ namespace {
 
 constexpr std::string_view kIntroduction = R"(# Tables
 
-The formats of a project's tables in `Data/`. This page is composed from the field tables of `src/Game/Database`
-by `TablePageTest`; run it with `VARN_REBASELINE=1` in the environment after a field has changed.
+The formats of a project's tables in `Data/`. `varn table FILE` prints a table as it would be saved, and shows what
+of a file could not be read.
+
+This page is made from the source: whoever changes a field runs `TablePageTest` with `VARN_REBASELINE=1`.
 
 ## Documents
 

@@ -81,6 +81,12 @@ TEST(MapHierarchy, SurvivesItsFileWhateverTheNames)
         << "as found";
     EXPECT_FALSE(tree.load(u"none.ini"));
     EXPECT_TRUE(tree.empty());
+
+    project.write("empty.ini", "");
+    ASSERT_TRUE(tree.load(u"empty.ini"));
+    tree.addMap({}, u"a");
+    ASSERT_TRUE(tree.save(u"empty.ini"));
+    EXPECT_EQ(project.read("empty.ini"), "1 1 a\n") << "an empty file has no encoding to keep";
 }
 
 TEST(MapHierarchy, TellsOfLinesThatItDidNotRead)
