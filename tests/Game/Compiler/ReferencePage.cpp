@@ -88,6 +88,7 @@ class Composer
 
     std::string compose()
     {
+        checkTranslations();
         page = wording.introduction;
         addSection(wording.functions, describe("global"));
         for (const std::string& name : globalFunctionNames())
@@ -106,10 +107,15 @@ class Composer
             return "";
         }
         const auto translated = translations.find(hint->second);
-        if (translated != translations.end())
-            return translated->second;
-        missing.push_back(key + " is not in " + wording.languageFile);
-        return hint->second;
+        return translated == translations.end() ? hint->second : translated->second;
+    }
+
+    /// Of every hint, also of those for classes that only the game has.
+    void checkTranslations()
+    {
+        for (const auto& [key, description] : hints)
+            if (!translations.contains(description))
+                missing.push_back(key + " is not in " + wording.languageFile);
     }
 
     void addSection(const std::string& title, const std::string& text)
