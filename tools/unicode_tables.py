@@ -4,7 +4,7 @@
 Run it from the top of the tree:  python3 tools/unicode_tables.py > src/Util/UnicodeTables.inc
 Letters are the categories L* of the basic plane, as ranges. Folds are the simple case foldings of all
 planes, as runs of code points that go to the same distance: a stride of 2 is the common layout in
-which capital and small letter alternate.
+which capital and small letter alternate. Small letters and capitals are runs too, of the basic plane.
 """
 import sys
 import unicodedata
@@ -30,12 +30,22 @@ def fold(code):
     return code
 
 
-def fold_runs():
+def one_unit(convert):
+    """A case mapping where it leads from one character to one; others stay as they are."""
+
+    def mapping(code):
+        mapped = convert(chr(code))
+        return ord(mapped) if len(mapped) == 1 and ord(mapped) < 0x10000 else code
+
+    return mapping
+
+
+def runs_of(mapping, end):
     runs = []  # first, last, stride, distance
-    for code in range(0x80, 0x110000):
-        if 0xD800 <= code < 0xE000 or fold(code) == code:
+    for code in range(0x80, end):
+        if 0xD800 <= code < 0xE000 or mapping(code) == code:
             continue
-        distance = fold(code) - code
+        distance = mapping(code) - code
         if runs:
             first, last, stride, known = runs[-1]
             step = code - last
@@ -56,7 +66,12 @@ print("// clang-format off")
 print("constexpr LetterRange kLetterRanges[] = {")
 rows([f"{{0x{a:04X}, 0x{b:04X}}}," for a, b in letter_ranges()], 6)
 print("};")
-print("constexpr FoldRun kFoldRuns[] = {")
-rows([f"{{0x{a:04X}, 0x{b:04X}, {s}, {d}}}," for a, b, s, d in fold_runs()], 4)
-print("};")
-print("// clang-format on", file=sys.stdout)
+for name, mapping, end in (
+    ("kFoldRuns", fold, 0x110000),
+    ("kSmallRuns", one_unit(str.lower), 0x10000),
+    ("kCapitalRuns", one_unit(str.upper), 0x10000),
+):
+    print(f"constexpr CaseRun {name}[] = {{")
+    rows([f"{{0x{a:04X}, 0x{b:04X}, {s}, {d}}}," for a, b, s, d in runs_of(mapping, end)], 4)
+    print("};")
+print("// clang-format on")

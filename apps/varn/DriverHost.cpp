@@ -1,7 +1,8 @@
 #include "DriverHost.h"
 
+#include "Util/UserLanguage.h"
+
 #include <chrono>
-#include <cstdlib>
 
 namespace varn::driver {
 
@@ -33,12 +34,7 @@ std::uint64_t DriverHost::clockMs()
 
 bool DriverHost::isJapaneseUser()
 {
-    for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const char* const value = std::getenv(name);
-        if (value && *value)
-            return std::string_view(value).starts_with("ja");
-    }
-    return false;
+    return userLanguage() == "ja";
 }
 
 void complain(Output& output, std::string_view utf8)

@@ -45,6 +45,12 @@ std::atomic<Host*>& currentHost()
 
 } // namespace
 
+std::int64_t Host::wallClockMs()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
 Host& host()
 {
     return *currentHost();

@@ -13,8 +13,17 @@ inline constexpr WStringView kMakerName = u"Quillor";
 /// The product's name: window title, lock name, base of the temporary folder.
 inline constexpr WStringView kProductName = u"Varn's MapEditor";
 
-enum class Buttons { YesNo, YesNoCancel };
-enum class Answer { Yes, No, Cancel };
+enum class Buttons
+{
+    YesNo,
+    YesNoCancel
+};
+enum class Answer
+{
+    Yes,
+    No,
+    Cancel
+};
 
 /// A question box: the body, its buttons, and the caption where it is not the maker's name.
 struct Question
@@ -28,14 +37,15 @@ struct Question
 struct ChooserRequest
 {
     WString title;
-    WString filterName;               ///< "Image File"; empty: all files
-    std::vector<WString> extensions;  ///< without the dot
+    WString filterName;              ///< "Image File"; empty: all files
+    std::vector<WString> extensions; ///< without the dot
     WString suggestedName;
     bool forSaving = false;
 };
 
 /// The only way to a person and to the machine around us. The windowed program, the driver and the
-/// tests each have one; everything else asks `host()`. Called on the main thread, except `clockMs`.
+/// tests each have one; everything else asks `host()`. Called on the main thread, except for the
+/// clocks.
 class Host
 {
   public:
@@ -61,6 +71,9 @@ class Host
     virtual WString getClipboardText() = 0;
     /// Milliseconds since some fixed moment of the run; never goes back.
     virtual std::uint64_t clockMs() = 0;
+    /// Milliseconds since the beginning of 1970 (UTC) by the clock on the wall, which people may
+    /// set.
+    virtual std::int64_t wallClockMs();
     /// The user's language is Japanese; decides the fallback language document and twin texts.
     virtual bool isJapaneseUser() = 0;
 };

@@ -68,16 +68,40 @@ bool Settings::setSettingString(WStringView section, WStringView key, WStringVie
         return false; // what cannot be read must not be replaced
     const DecodedText old = content.value_or(DecodedText{{}, Encoding::Utf8});
     const auto text = withSetting(old.text, section, key, value);
-    if (!text)
-        return false;
+    return text && write(*text, old);
+}
+
+bool Settings::write(WStringView text, const DecodedText& old)
+{
     if (file.has_parent_path())
         createDirectories(file.parent_path());
-    return writeTextFile(file, *text, encodingFor(*text, old));
+    return writeTextFile(file, text, encodingFor(text, old));
 }
 
 bool Settings::setSettingInt(WStringView section, WStringView key, int value)
 {
     return setSettingString(section, key, toDecimal(value));
+}
+
+template <class Edit>
+bool Settings::erase(const Edit& edit)
+{
+    const auto content = readTextFile(file);
+    std::error_code fault;
+    if (!content)
+        return !std::filesystem::exists(file, fault);
+    const WString text = edit(content->text);
+    return text == content->text || write(text, *content);
+}
+
+bool Settings::eraseKey(WStringView section, WStringView key)
+{
+    return erase([&](WStringView text) { return withoutSetting(text, section, key); });
+}
+
+bool Settings::eraseSection(WStringView section)
+{
+    return erase([&](WStringView text) { return withoutSection(text, section); });
 }
 
 std::filesystem::path defaultSettingsPath()

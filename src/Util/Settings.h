@@ -6,6 +6,8 @@
 
 namespace varn {
 
+struct DecodedText;
+
 /// The settings file: sections and `key=value` lines, read and written key by key. Section and key
 /// names compare ignoring case; a missing file or key gives the default; a value in one pair of
 /// quotes loses them; values are cut at 1,023 units. Each write replaces the file as a whole and
@@ -26,10 +28,18 @@ class Settings
     /// in the names).
     bool setSettingString(WStringView section, WStringView key, WStringView value);
     bool setSettingInt(WStringView section, WStringView key, int value);
+    /// Removes a key's line; a section with all that stands in it. What is not there is removed
+    /// already. False: the file cannot be read or written.
+    bool eraseKey(WStringView section, WStringView key);
+    bool eraseSection(WStringView section);
 
     const std::filesystem::path& path() const { return file; }
 
   private:
+    bool write(WStringView text, const DecodedText& old);
+    template <class Edit>
+    bool erase(const Edit& edit);
+
     std::filesystem::path file;
 };
 

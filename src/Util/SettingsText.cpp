@@ -183,4 +183,38 @@ std::optional<WString> withSetting(WStringView text, WStringView section, WStrin
     return changed;
 }
 
+WString withoutSetting(WStringView text, WStringView section, WStringView key)
+{
+    WString kept;
+    bool inside = false, isOver = false;
+    std::size_t from = 0;
+    LineCursor cursor(text);
+    while (cursor.next()) {
+        if (const auto name = sectionOf(cursor.line())) {
+            isOver |= inside;
+            inside = !isOver && equalsIgnoringCase(*name, section);
+        }
+        const auto entry = inside ? entryOf(cursor.line()) : std::nullopt;
+        if (!entry || !equalsIgnoringCase(entry->key, key))
+            continue;
+        kept += text.substr(from, cursor.start - from);
+        from = cursor.behind;
+    }
+    return kept.append(text.substr(from));
+}
+
+WString withoutSection(WStringView text, WStringView section)
+{
+    WString kept;
+    bool inside = false;
+    LineCursor cursor(text);
+    while (cursor.next()) {
+        if (const auto name = sectionOf(cursor.line()))
+            inside = equalsIgnoringCase(*name, section);
+        if (!inside)
+            kept += text.substr(cursor.start, cursor.behind - cursor.start);
+    }
+    return kept;
+}
+
 } // namespace varn

@@ -18,4 +18,9 @@ std::optional<WString> findSetting(WStringView text, WStringView section, WStrin
 std::optional<WString> withSetting(WStringView text, WStringView section, WStringView key,
                                    WStringView value);
 
+/// The text without the lines of a key in the section that counts.
+WString withoutSetting(WStringView text, WStringView section, WStringView key);
+/// The text without any section of the name.
+WString withoutSection(WStringView text, WStringView section);
+
 } // namespace varn

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <span>
 
 namespace varn {
 
@@ -16,8 +17,8 @@ struct LetterRange
     char16_t first, last;
 };
 
-/// Code points first, first + stride, ... last fold by adding `distance`.
-struct FoldRun
+/// Code points first, first + stride, ... last are mapped by adding `distance`.
+struct CaseRun
 {
     char32_t first, last;
     std::uint8_t stride;
@@ -25,6 +26,16 @@ struct FoldRun
 };
 
 #include "Util/UnicodeTables.inc"
+
+char32_t mapByRuns(std::span<const CaseRun> runs, char32_t code)
+{
+    const auto run =
+        std::lower_bound(runs.begin(), runs.end(), code,
+                         [](const CaseRun& run, char32_t code) { return run.last < code; });
+    if (run == runs.end() || code < run->first || (code - run->first) % run->stride != 0)
+        return code;
+    return static_cast<char32_t>(static_cast<std::int32_t>(code) + run->distance);
+}
 
 constexpr char32_t kReplacement = 0xFFFD;
 
@@ -264,11 +275,19 @@ char32_t foldCase(char32_t code)
 {
     if (code < 0x80)
         return foldAscii(static_cast<char16_t>(code));
-    const auto* run = std::lower_bound(std::begin(kFoldRuns), std::end(kFoldRuns), code,
-                                       [](const FoldRun& r, char32_t c) { return r.last < c; });
-    if (run == std::end(kFoldRuns) || code < run->first || (code - run->first) % run->stride != 0)
-        return code;
-    return static_cast<char32_t>(static_cast<std::int32_t>(code) + run->distance);
+    return mapByRuns(kFoldRuns, code);
+}
+
+char16_t toSmallLetter(char16_t unit)
+{
+    return unit < 0x80 ? foldAscii(unit) : static_cast<char16_t>(mapByRuns(kSmallRuns, unit));
+}
+
+char16_t toCapitalLetter(char16_t unit)
+{
+    if (unit < 0x80)
+        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 0x20) : unit;
+    return static_cast<char16_t>(mapByRuns(kCapitalRuns, unit));
 }
 
 bool isLetter(char16_t unit)

@@ -22,8 +22,9 @@ std::string narrow(WStringView wide);
 WString fromUtf8(std::string_view utf8);
 std::string toUtf8(WStringView wide);
 
-/// `text` cut to at most `limit - 1` bytes, never through a double-byte character of the process code
-/// page; what a fixed field of `limit` bytes can hold beside its terminator. `limit` is 1 or more.
+/// `text` cut to at most `limit - 1` bytes, never through a double-byte character of the process
+/// code page; what a fixed field of `limit` bytes can hold beside its terminator. `limit` is 1 or
+/// more.
 std::string cutToField(std::string_view text, std::size_t limit);
 
 /// Decimal text of a number, without leading zeros or plus sign.
@@ -45,6 +46,10 @@ bool equalsIgnoringAsciiCase(WStringView a, WStringView b);
 bool equalsIgnoringCase(WStringView a, WStringView b);
 /// The simple case folding of one code point; itself where it has none.
 char32_t foldCase(char32_t code);
+/// The small letter and the capital of a unit of the basic plane, where that is one unit too; else
+/// the unit itself ("ß" has no capital).
+char16_t toSmallLetter(char16_t unit);
+char16_t toCapitalLetter(char16_t unit);
 
 /// True for a letter of any script (categories L*), of the basic plane; surrogates are none.
 bool isLetter(char16_t unit);

@@ -6,21 +6,22 @@
 
 namespace varn::test {
 
-/// A host that remembers what was shown and answers what it was told to. In force from construction to
-/// destruction.
+/// A host that remembers what was shown and answers what it was told to. In force from construction
+/// to destruction.
 class RecordingHost : public Host
 {
   public:
     RecordingHost() : before(setHost(this)) {}
     ~RecordingHost() override { setHost(before); }
 
-    std::vector<WString> messages;  ///< what showMessage was given
+    std::vector<WString> messages; ///< what showMessage was given
     std::vector<Question> questions;
-    std::deque<Answer> answers;     ///< taken from the front; No when empty
-    std::vector<WString> opened;    ///< openWithShell and editText
-    std::vector<WString> ran;       ///< runProgram: program, blank, words
+    std::deque<Answer> answers;  ///< taken from the front; No when empty
+    std::vector<WString> opened; ///< openWithShell and editText
+    std::vector<WString> ran;    ///< runProgram: program, blank, words
     WString clipboard;
     std::uint64_t nowMs = 0;
+    std::int64_t wallMs = 0;
     bool japanese = false;
 
     void showMessage(WStringView text) override { messages.emplace_back(text); }
@@ -50,6 +51,7 @@ class RecordingHost : public Host
     void setClipboardText(WStringView text) override { clipboard = text; }
     WString getClipboardText() override { return clipboard; }
     std::uint64_t clockMs() override { return nowMs; }
+    std::int64_t wallClockMs() override { return wallMs; }
     bool isJapaneseUser() override { return japanese; }
 
   private:

@@ -88,6 +88,37 @@ TEST(Settings, TouchesOnlyTheLineItWrites)
     }
 }
 
+TEST(Settings, Erases)
+{
+    const struct
+    {
+        std::string_view name;
+        WStringView section, key; // an empty key: the section
+        std::string_view before, after;
+    } cases[] = {
+        {"a key", u"a", u"K", "[A]\r\nk=1\r\nz=2\r\n", "[A]\r\nz=2\r\n"},
+        {"all of its name", u"A", u"k", "[A]\nk=1\n;k=2\nK = 3", "[A]\n;k=2\n"},
+        {"not elsewhere", u"A", u"k", "k=0\n[B]\nk=1\n[A]\nk=2\n[B]\n[A]\nk=3\n",
+         "k=0\n[B]\nk=1\n[A]\n[B]\n[A]\nk=3\n"},
+        {"no such key", u"A", u"q", "[A]\nk=1\n", "[A]\nk=1\n"},
+        {"a section", u"b", u"", "[A]\nk=1\n[B]\nk=2\n\n[C]\n", "[A]\nk=1\n[C]\n"},
+        {"each of its name", u"A", u"", ";\n[A]\nk=1\n[B]\n[a]\nk=2", ";\n[B]\n"},
+        {"no such section", u"C", u"", "[A]\n", "[A]\n"},
+    };
+    test::TemporaryProject project;
+    for (const auto& c : cases) {
+        project.write("a.ini", c.before);
+        Settings settings("a.ini");
+        EXPECT_TRUE(c.key.empty() ? settings.eraseSection(c.section)
+                                  : settings.eraseKey(c.section, c.key))
+            << c.name;
+        EXPECT_EQ(project.read("a.ini"), c.after) << c.name;
+    }
+    EXPECT_TRUE(Settings("missing.ini").eraseKey(u"A", u"k"));
+    EXPECT_FALSE(project.has("missing.ini"));
+    EXPECT_FALSE(Settings(".").eraseSection(u"A"));
+}
+
 TEST(Settings, KeepsTheEncodingWhileItHoldsTheText)
 {
     const struct

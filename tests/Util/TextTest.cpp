@@ -136,5 +136,22 @@ TEST(IsLetter, KnowsEveryScript)
     EXPECT_FALSE(isLetter(0xD840)) << "half of an ideograph";
 }
 
+TEST(Text, ChangesCase)
+{
+    const struct
+    {
+        char16_t unit, small, capital;
+    } cases[] = {
+        {u'a', u'a', u'A'},       {u'Z', u'z', u'Z'}, {u'1', u'1', u'1'},    {u'[', u'[', u'['},
+        {u'É', u'é', u'É'},       {u'ÿ', u'ÿ', u'Ÿ'}, {u'ß', u'ß', u'ß'},    {u'ж', u'ж', u'Ж'},
+        {u'Σ', u'σ', u'Σ'},       {u'ς', u'ς', u'Σ'}, {u'Ａ', u'ａ', u'Ａ'}, {u'あ', u'あ', u'あ'},
+        {0xD83D, 0xD83D, 0xD83D},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(toSmallLetter(c.unit), c.small) << static_cast<int>(c.unit);
+        EXPECT_EQ(toCapitalLetter(c.unit), c.capital) << static_cast<int>(c.unit);
+    }
+}
+
 } // namespace
 } // namespace varn

@@ -44,6 +44,7 @@ Status run(Context& context, const Arguments& arguments)
 {
     registerStandardClasses();
     Interpreter script;
+    script.setServices({.settings = &context.session().getSettings()});
     script.setTraceListener([&context](WStringView text) { context.out().line(text); });
     if (!compile(context, script, arguments.text("FILE")))
         return Status::Failed;

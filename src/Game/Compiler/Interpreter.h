@@ -3,6 +3,7 @@
 #include "Game/Compiler/ClassInterface.h"
 #include "Game/Compiler/Heap.h"
 #include "Game/Compiler/InterpreterException.h"
+#include "Game/Compiler/ScriptServices.h"
 #include "Game/Compiler/ScriptThread.h"
 
 #include <functional>
@@ -60,6 +61,9 @@ class Interpreter : public ScriptThread
     using TraceListener = std::function<void(WStringView)>;
     void setTraceListener(TraceListener listener) { traceListener = std::move(listener); }
     void trace(WStringView text) const;
+    /// Before the run; what they point to outlives it.
+    void setServices(const ScriptServices& next) { services = next; }
+    const ScriptServices& getServices() const { return services; }
     const WString& getScriptName() const { return scriptName; }
 
     bool loadGlobalScript = true;
@@ -98,6 +102,7 @@ class Interpreter : public ScriptThread
     std::unique_ptr<InterpreterVM> machine;
     NativeCall* call = nullptr;
     TraceListener traceListener;
+    ScriptServices services;
 };
 
 } // namespace varn

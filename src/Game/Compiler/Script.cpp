@@ -129,6 +129,7 @@ ScriptEngine& ScriptEngine::instance()
 void ScriptEngine::startEvent(WStringView name, WString text)
 {
     auto script = std::make_unique<Script>();
+    script->setServices(services);
     script->compile(name, std::move(text));
     script->start();
     script->waitUntilIdle();

@@ -50,6 +50,8 @@ class ScriptEngine
   public:
     static ScriptEngine& instance();
 
+    /// For the scripts started from now on.
+    void setServices(const ScriptServices& next) { services = next; }
     /// Compiles and starts a script, and returns when it parks for the first time or has ended. One
     /// that never waits has done everything by then. Throws std::string with the compile errors.
     void startEvent(WStringView name, WString text);
@@ -60,6 +62,7 @@ class ScriptEngine
 
   private:
     std::vector<std::unique_ptr<Script>> scripts;
+    ScriptServices services;
 };
 
 } // namespace varn

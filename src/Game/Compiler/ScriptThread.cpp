@@ -55,16 +55,17 @@ void ScriptThread::waitUntilIdle()
     changed.wait(lock, [this] { return (parked && !signalled) || !running; });
 }
 
-void ScriptThread::park()
+bool ScriptThread::park()
 {
     if (self.load() != std::this_thread::get_id())
-        return;
+        return false;
     std::unique_lock lock(meeting);
     signalled = false;
     parked = true;
     changed.notify_all();
     changed.wait(lock, [this] { return signalled || stopRequested; });
     parked = false;
+    return true;
 }
 
 void ScriptThread::sleepFor(int milliseconds)

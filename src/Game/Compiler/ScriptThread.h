@@ -33,8 +33,8 @@ class ScriptThread
     void waitUntilIdle();
 
     /// Blocks the task until the next `resume` or a stop request. Elsewhere than on its own thread
-    /// it returns at once.
-    void park();
+    /// it returns false at once.
+    bool park();
     /// Blocks the calling thread for a time; a stop request ends it early.
     void sleepFor(int milliseconds);
 

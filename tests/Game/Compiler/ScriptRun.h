@@ -20,15 +20,15 @@ struct ScriptRun
     int result = 0; ///< `_ret` as an int
 };
 
-/// Compiles and runs a source on the caller's thread.
-inline ScriptRun runScript(std::string_view utf8, Interpreter& vm)
+/// Compiles and runs a source on the caller's thread, under the name that messages tell.
+inline ScriptRun runScript(std::string_view utf8, Interpreter& vm, WStringView name = u"test")
 {
     RecordingHost host;
     registerStandardClasses();
     ScriptRun run;
     vm.setTraceListener([&run](WStringView text) { run.traces.push_back(toUtf8(text)); });
     try {
-        vm.compile(u"test", fromUtf8(utf8));
+        vm.compile(name, fromUtf8(utf8));
         vm.execute();
         run.result = vm.getReturn().toInt();
     } catch (const std::string& errors) {

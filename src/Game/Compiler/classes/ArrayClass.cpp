@@ -1,7 +1,6 @@
-#include "Game/Compiler/classes/ArrayClass.h"
-
 #include "Game/Compiler/Interpreter.h"
 #include "Game/Compiler/SQClassDef.h"
+#include "Game/Compiler/classes/Registrations.h"
 
 #include <algorithm>
 

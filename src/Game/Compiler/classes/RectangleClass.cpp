@@ -1,6 +1,5 @@
-#include "Game/Compiler/classes/RectangleClass.h"
-
 #include "Game/Compiler/SQClassDef.h"
+#include "Game/Compiler/classes/Registrations.h"
 #include "Util/Rect.h"
 
 namespace varn {

@@ -1,8 +1,0 @@
-#pragma once
-
-namespace varn {
-
-/// "Array" of scripts.
-void registerArray();
-
-} // namespace varn

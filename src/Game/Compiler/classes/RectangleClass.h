@@ -1,8 +1,0 @@
-#pragma once
-
-namespace varn {
-
-/// "Rectangle" of scripts, the Rect of the drawing classes.
-void registerRectangle();
-
-} // namespace varn

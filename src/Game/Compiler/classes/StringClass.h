@@ -1,8 +1,0 @@
-#pragma once
-
-namespace varn {
-
-/// "String" of scripts.
-void registerString();
-
-} // namespace varn
