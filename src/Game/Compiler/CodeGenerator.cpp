@@ -7,9 +7,6 @@
 namespace varn {
 namespace {
 
-/// Global slots lie below the temporaries of the top level, whatever scope they belong to.
-constexpr std::int32_t kTopLevelSlots = static_cast<std::int32_t>(kMaxDeclarations);
-
 bool isBranch(Opcode opcode)
 {
     return opcode >= Opcode::IfTrue && opcode < Opcode::CountLessII;
@@ -72,7 +69,7 @@ void CodeGenerator::withShortJumps(Body&& body)
 void CodeGenerator::generateTopLevel(const ResolvedProgram& tree)
 {
     topLevel = true;
-    firstTemporary = kTopLevelSlots;
+    firstTemporary = static_cast<std::int32_t>(tree.slots);
     withShortJumps([&] {
         emitWide(Opcode::LoadInt, 0, 0); // _ret
         for (std::size_t i = 0; i < tree.definitions.size(); ++i)

@@ -104,6 +104,8 @@ class Heap
     void collect(const std::function<void(Marker&)>& markRoots);
     /// Frees everything.
     void clear();
+    /// Nothing was made since the heap was made or cleared.
+    bool isUntouched() const { return blocks.empty() && large.empty(); }
 
     /// Live arrays, tables and native instances, and the count at which the next collection is due.
     std::size_t objectCount() const { return objects; }

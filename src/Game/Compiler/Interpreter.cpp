@@ -47,11 +47,15 @@ const Program* Interpreter::getProgram() const
 
 void Interpreter::reset()
 {
+    using Contents = InterpreterVM::StackContents;
     call = nullptr;
-    machine.reset();
-    values.clear();
     globalValues.clear();
-    if (Program* program = compiler->getProgram())
+    const Contents contents = values.isUntouched() ? Contents::Plain : Contents::HeapValues;
+    values.clear();
+    Program* program = compiler->getProgram();
+    if (machine)
+        machine->restart(contents);
+    else if (program)
         machine = std::make_unique<InterpreterVM>(*this, values, *program, stopRequested);
 }
 
