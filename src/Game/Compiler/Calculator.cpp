@@ -2,12 +2,35 @@
 
 #include "Game/Compiler/InterpreterException.h"
 #include "Game/Database/StoryTables.h"
+#include "Parser/Tokenizer.h"
 
 #include <cassert>
+#include <cstring>
 
 namespace varn {
 
 using interpreter::InterpreterException;
+
+/// Four units at a time: class names and formulas are too short for a call to pay.
+static bool isSame(WStringView a, WStringView b)
+{
+    constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(char16_t);
+    if (a.size() != b.size())
+        return false;
+    if (a.size() < kUnits)
+        return a == b;
+    const auto differAt = [&](std::size_t place) {
+        std::uint64_t x = 0;
+        std::uint64_t y = 0;
+        std::memcpy(&x, a.data() + place, sizeof x);
+        std::memcpy(&y, b.data() + place, sizeof y);
+        return x != y;
+    };
+    for (std::size_t place = 0; place + kUnits <= a.size(); place += kUnits)
+        if (differAt(place))
+            return false;
+    return !differAt(a.size() - kUnits);
+}
 
 /// `_getArgs(i)` of the wrapped text: argument i.
 static void getArgs(Interpreter& vm)
@@ -23,6 +46,16 @@ static void getArgs(Interpreter& vm)
     vm.setReturn(vm.globalValues[index]);
 }
 
+/// One number, with or without a sign.
+static bool isNumber(WStringView formula)
+{
+    const auto tokens = Tokenizer(formula).rest();
+    const auto& last = tokens.empty() ? Tokenizer::Token{Tokenizer::Kind::Mark, {}} : tokens.back();
+    const bool signedOne = tokens.size() == 2 && (tokens[0].text == u"-" || tokens[0].text == u"+");
+    return (tokens.size() == 1 || signedOne) &&
+           (last.kind == Tokenizer::Kind::Integer || last.kind == Tokenizer::Kind::Real);
+}
+
 Calculator::Calculator(WStringView formula, std::size_t argumentCount, WStringView prefix)
     : slots(argumentCount)
 {
@@ -33,7 +66,12 @@ Calculator::Calculator(WStringView formula, std::size_t argumentCount, WStringVi
         slot.box.marked = true; // for good: no collector follows or frees it
     }
     interpreter.loadGlobalScript = false;
-    interpreter.compile({}, wrap(formula, argumentCount, prefix));
+    const bool isConstant = prefix.empty() && isNumber(formula);
+    interpreter.compile({}, wrap(formula, isConstant ? 0 : argumentCount, prefix));
+    if (!isConstant)
+        return;
+    interpreter.execute();
+    constant = interpreter.getReturn().toInt();
 }
 
 WString Calculator::wrap(WStringView formula, std::size_t argumentCount, WStringView prefix)
@@ -54,7 +92,7 @@ WString Calculator::wrap(WStringView formula, std::size_t argumentCount, WString
 
 void Calculator::fill(Slot& slot, const FormulaArg& argument) const
 {
-    if (slot.className != argument.className) {
+    if (!isSame(slot.className, argument.className)) {
         slot.className = argument.className;
         slot.box.classInterface = GlobalClassTable::instance().find(narrow(argument.className));
     }
@@ -65,11 +103,19 @@ void Calculator::fill(Slot& slot, const FormulaArg& argument) const
 int Calculator::calculate(std::span<const FormulaArg> arguments)
 {
     assert(arguments.size() == slots.size());
+    if (constant)
+        return *constant;
     interpreter.reset();
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         fill(slots[i], arguments[i]);
         interpreter.globalValues.push_back(OperandData::object(ValueKind::UserPtr, &slots[i].box));
     }
+    run();
+    return interpreter.getReturn().toInt();
+}
+
+void Calculator::run()
+{
     struct Running
     {
         explicit Running(bool& flag) : flag(flag) { flag = true; }
@@ -78,13 +124,39 @@ int Calculator::calculate(std::span<const FormulaArg> arguments)
     };
     const Running here(running);
     interpreter.execute();
-    return interpreter.getReturn().toInt();
 }
 
 CalculatorManager& CalculatorManager::instance()
 {
     static CalculatorManager manager;
     return manager;
+}
+
+/// By the length and four places: long formulas are found as fast as short ones, and two that agree
+/// there are told apart when they are compared.
+std::size_t CalculatorManager::Hash::operator()(const Sought& key) const
+{
+    const std::size_t size = key.formula.size();
+    std::uint64_t hash = size * 31 + key.argumentCount;
+    constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(char16_t);
+    if (size < kUnits) {
+        for (const char16_t unit : key.formula)
+            hash = hash * 65599 + unit;
+        return hash;
+    }
+    for (std::size_t part = 0; part < 4; ++part) {
+        std::uint64_t units = 0;
+        std::memcpy(&units, key.formula.data() + (size - kUnits) * part / 3, sizeof units);
+        hash = (hash ^ units) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 32;
+    }
+    return hash;
+}
+
+bool CalculatorManager::Same::compare(const Sought& a, const Sought& b)
+{
+    return a.argumentCount == b.argumentCount && isSame(a.formula, b.formula) &&
+           isSame(a.prefix, b.prefix);
 }
 
 int CalculatorManager::calculate(std::int64_t row, std::span<const FormulaArg> arguments,

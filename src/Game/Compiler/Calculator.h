@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -44,9 +45,11 @@ class Calculator
         ObjectBox box;
     };
     void fill(Slot& slot, const FormulaArg& argument) const;
+    void run();
 
     Interpreter interpreter;
     std::vector<Slot> slots;
+    std::optional<int> constant; ///< result of a formula that is a number and nothing else
     bool running = false;
 };
 
@@ -82,10 +85,7 @@ class CalculatorManager
     struct Hash
     {
         using is_transparent = void;
-        std::size_t operator()(const Sought& key) const
-        {
-            return std::hash<WStringView>()(key.formula) + key.argumentCount;
-        }
+        std::size_t operator()(const Sought& key) const;
         std::size_t operator()(const Wrapped& key) const
         {
             return (*this)(Sought{key.formula, key.argumentCount, key.prefix});
@@ -97,9 +97,10 @@ class CalculatorManager
         template <class A, class B>
         bool operator()(const A& a, const B& b) const
         {
-            return a.argumentCount == b.argumentCount && a.formula == b.formula &&
-                   a.prefix == b.prefix;
+            return compare({a.formula, a.argumentCount, a.prefix},
+                           {b.formula, b.argumentCount, b.prefix});
         }
+        static bool compare(const Sought& a, const Sought& b);
     };
 
     std::unordered_map<Wrapped, std::unique_ptr<Calculator>, Hash, Same> interpreters;

@@ -88,9 +88,10 @@ bool Interpreter::execute(std::uint64_t budget)
     return !machine || machine->run(budget) != InterpreterVM::State::Running;
 }
 
-OperandData Interpreter::getReturn() const
+const OperandData& Interpreter::getReturn() const
 {
-    return machine ? machine->global(0) : OperandData::integer(0);
+    static constexpr OperandData kNothing = OperandData::integer(0);
+    return machine ? machine->global(0) : kNothing;
 }
 
 void Interpreter::setReturn(const OperandData& value)

@@ -101,6 +101,7 @@ class InterpreterVM
     Heap& heap;
     Program& program;
     const std::atomic<bool>& stopRequested;
+    const FunctionCode& top; ///< of the program
     std::unique_ptr<OperandData[]> stack;
     std::size_t cells = 0;         ///< of the stack
     OperandData* usable = nullptr; ///< end of the cells that may be used before `enterFrame`

@@ -23,7 +23,8 @@ using Severity = InterpreterException::Severity;
 InterpreterVM::InterpreterVM(Interpreter& owner, Heap& heap, Program& program,
                              const std::atomic<bool>& stopRequested)
     : owner(owner), heap(heap), program(program), stopRequested(stopRequested),
-      stack(std::make_unique<OperandData[]>(kFirstCells)), cells(kFirstCells)
+      top(*program.functions.front()), stack(std::make_unique<OperandData[]>(kFirstCells)),
+      cells(kFirstCells)
 {
     usable = stack.get() + kClearStep;
     enterTopLevel();
@@ -33,13 +34,13 @@ InterpreterVM::~InterpreterVM() = default;
 
 void InterpreterVM::enterTopLevel()
 {
-    const FunctionCode& top = *program.functions.front();
     stack[0].head = top.headerWord();
     frame = stack.get() + kHeader;
-    if (frame + registersOf(top) > usable)
+    const std::size_t registers = registersOf(top);
+    if (frame + registers > usable)
         frame = makeRoom(frame, top);
-    std::fill_n(frame, registersOf(top), OperandData::integer(0));
-    pc = program.code.data();
+    std::fill_n(frame, registers, OperandData::integer(0));
+    pc = top.start;
     reached = State::Running;
 }
 

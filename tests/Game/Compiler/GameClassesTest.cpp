@@ -6,22 +6,9 @@
 namespace varn::test {
 namespace {
 
-/// In a process of its own kind: the game's `trace` replaces the one that other tests listen to.
-class GameClasses : public testing::Test
+TEST(GameClasses, CompileAndDoNothing)
 {
-  protected:
-    static void SetUpTestSuite()
-    {
-        registerStandardClasses();
-        traceOfTheTool = findGlobalFunction("trace");
-        registerGameClasses();
-    }
-    static void TearDownTestSuite() { registerGlobalFunction("trace", traceOfTheTool); }
-    static inline GlobalFunction traceOfTheTool = nullptr;
-};
-
-TEST_F(GameClasses, CompileAndDoNothing)
-{
+    registerGameClasses();
     const ScriptRun run = runScript(
         "Player.goForward(); Player.setLocation(1, 2); Player.setLocation(); Player.warp(1);\n"
         "var p: PlayerCharacter; p.gainExp(5); var b: Battler; var e: Enemy = new Enemy();\n"
@@ -36,8 +23,9 @@ TEST_F(GameClasses, CompileAndDoNothing)
     EXPECT_EQ(run.result, 100); // a native without a result leaves what `_ret` held
 }
 
-TEST_F(GameClasses, TellWrongCalls)
+TEST(GameClasses, TellWrongCalls)
 {
+    registerGameClasses();
     EXPECT_EQ(
         runScript("var p: PlayerCharacter; p.gainExp(1, 2); SceneManager.gotoInn(1);").messages,
         (std::vector<std::string>{"PlayerCharacter.gainExp is passed invalidate args",
