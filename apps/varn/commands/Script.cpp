@@ -104,8 +104,19 @@ Status list(Context& context, const Arguments& arguments)
     Interpreter script;
     if (!compile(context, script, arguments.text("FILE")))
         return Status::Failed;
-    for (const std::string& line : listInstructions(*script.getProgram()))
-        context.out().line(line);
+    Json found = Json::array();
+    for (const ListedInstruction& each : listInstructions(*script.getProgram())) {
+        const std::string head = std::to_string(each.address) + " " + std::string(each.mnemonic);
+        if (context.json())
+            found.push_back({{"address", each.address},
+                             {"mnemonic", each.mnemonic},
+                             {"operand", each.operand}});
+        else
+            context.out().line(
+                std::string_view(each.operand.empty() ? head : head + " " + each.operand));
+    }
+    if (context.json())
+        context.out().json(found);
     return Status::Done;
 }
 

@@ -1,5 +1,6 @@
 #include "Game/Compiler/MethodDescriptions.h"
 
+#include "Game/Database/LanguageManager.h"
 #include "Game/Database/ToolFile.h"
 
 #include <algorithm>
@@ -22,9 +23,11 @@ MethodDescriptions::MethodDescriptions(const Element& root)
         pending.pop_back();
         if (element.hasAttribute(u"name")) {
             const Element* parent = element.getParent();
+            const WString description =
+                LanguageManager::instance().getDisplayText(element.getString(u"description"));
             entries.push_back({WString(element.getString(u"name")),
                                WString(parent ? parent->getString(u"name") : WStringView()),
-                               replaceAll(element.getString(u"description"), u"\\n", u"\n")});
+                               replaceAll(description, u"\\n", u"\n")});
         }
         const std::vector<Element*> children = element.getChildren();
         pending.insert(pending.end(), children.rbegin(), children.rend());

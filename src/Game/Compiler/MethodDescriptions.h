@@ -10,8 +10,8 @@ class Element;
 
 /// What the built-in classes and their methods do, for the hint beside the caret:
 /// `Resources/BuiltinClass.xml` of the project, or else the one beside the program. Any element of
-/// the document with a `name` is described by its `description`, in which `\n` stands for a line
-/// break. Functions without a class are methods of the class "global".
+/// the document with a `name` is described by its `description`, told in the language in force, in
+/// which `\n` stands for a line break. Functions without a class are methods of the class "global".
 class MethodDescriptions
 {
   public:
