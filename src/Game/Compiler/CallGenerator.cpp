@@ -150,9 +150,19 @@ std::int32_t CodeGenerator::call(AST* node)
     return header;
 }
 
+/// `_getArgs(0)`, as the text of every formula begins.
+static bool isFormulaArgument(const AST& call)
+{
+    const AST* list = call.right;
+    return call.left->symbol->name == "_getArgs" && list && !list->right &&
+           list->left->kind == kTokenInteger && list->left->value >= 0;
+}
+
 void CodeGenerator::callNative(AST* node, std::int32_t target)
 {
     int count = 0;
+    if (isFormulaArgument(*node))
+        emitWide(Opcode::LoadArgument, target, node->right->left->value);
     const std::int32_t first = arguments(node->right, count);
     position = {node->line, node->fileIndex};
     emit(Opcode::CallNative, first, target, count);

@@ -7,9 +7,6 @@
 namespace varn {
 namespace {
 
-/// Global slots lie below the temporaries of the top level, whatever scope they belong to.
-constexpr std::int32_t kTopLevelSlots = static_cast<std::int32_t>(kMaxDeclarations);
-
 bool isBranch(Opcode opcode)
 {
     return opcode >= Opcode::IfTrue && opcode < Opcode::CountLessII;
@@ -72,7 +69,7 @@ void CodeGenerator::withShortJumps(Body&& body)
 void CodeGenerator::generateTopLevel(const ResolvedProgram& tree)
 {
     topLevel = true;
-    firstTemporary = kTopLevelSlots;
+    firstTemporary = static_cast<std::int32_t>(tree.slots);
     withShortJumps([&] {
         emitWide(Opcode::LoadInt, 0, 0); // _ret
         for (std::size_t i = 0; i < tree.definitions.size(); ++i)
@@ -380,11 +377,8 @@ std::uint32_t CodeGenerator::nameIndex(Symbol& symbol)
 
 std::uint32_t CodeGenerator::classIndex(Symbol& symbol)
 {
-    const auto known =
-        std::find_if(program.classes.begin(), program.classes.end(),
-                     [&](const ClassReference& each) { return each.name == symbol.name; });
-    if (known != program.classes.end())
-        return static_cast<std::uint32_t>(known - program.classes.begin());
+    if (symbol.classIndex != Symbol::kNoIndex)
+        return symbol.classIndex;
     const ValueKind makes = symbol.name == "String"   ? ValueKind::String
                             : symbol.name == "Array"  ? ValueKind::Array
                             : symbol.name == "Object" ? ValueKind::Table
@@ -392,7 +386,8 @@ std::uint32_t CodeGenerator::classIndex(Symbol& symbol)
     program.classes.push_back({std::string(symbol.name), symbol.nativeClass(), makes});
     if (program.classes.size() > 65535)
         tooComplex();
-    return static_cast<std::uint32_t>(program.classes.size() - 1);
+    symbol.classIndex = static_cast<std::uint32_t>(program.classes.size() - 1);
+    return symbol.classIndex;
 }
 
 void CodeGenerator::nameSelected(Symbol& head)

@@ -35,21 +35,38 @@ std::string_view sentence(ErrorCode code)
 
 } // namespace
 
-std::string CompileErrors::format(ErrorCode code, SourcePlace place, std::string_view text) const
+std::string CompileError::format() const
 {
-    const std::string file = place.file < files.size() ? narrow(files[place.file]) : std::string();
-    return "Error: E" + std::to_string(static_cast<int>(code)) + " \"" + file + "\"(" +
-           std::to_string(place.line) + "): " + std::string(text) + "\n";
+    return "Error: E" + std::to_string(static_cast<int>(code)) + " \"" + narrow(file) + "\"(" +
+           std::to_string(line) + "): " + text + "\n";
+}
+
+CompileFailure::CompileFailure(std::vector<CompileError> faults) : errors(std::move(faults))
+{
+    for (const CompileError& each : errors)
+        append(each.format());
+}
+
+CompileError CompileErrors::made(ErrorCode code, SourcePlace place, std::string text) const
+{
+    return {code, place.file < files.size() ? files[place.file] : WString(), place.line,
+            std::move(text)};
 }
 
 void CompileErrors::add(ErrorCode code, SourcePlace place, std::string_view name)
 {
-    lines += format(code, place, std::string(name) + std::string(sentence(code)));
+    errors.push_back(made(code, place, std::string(name).append(sentence(code))));
 }
 
 void CompileErrors::fail(SourcePlace place, std::string_view text) const
 {
-    throw format(ErrorCode::Syntax, place, text);
+    throw CompileFailure({made(ErrorCode::Syntax, place, std::string(text))});
+}
+
+void CompileErrors::throwIfAny() const
+{
+    if (!errors.empty())
+        throw CompileFailure(errors);
 }
 
 } // namespace varn

@@ -34,6 +34,31 @@ struct SourcePlace
     std::uint32_t line = 1;
 };
 
+/// One fault of a source.
+struct CompileError
+{
+    ErrorCode code;
+    WString file; ///< as the source or the `#include` names it
+    std::uint32_t line;
+    std::string text; ///< what is wrong, in the process code page
+
+    /// `Error: E%d "%s"(%d): `, the text and a line feed.
+    std::string format() const;
+};
+
+/// What a failed compilation throws: a std::string with all faults, a line each, and the faults one
+/// by one for who marks them in a source.
+class CompileFailure : public std::string
+{
+  public:
+    explicit CompileFailure(std::vector<CompileError> faults);
+
+    const std::vector<CompileError>& getErrors() const { return errors; }
+
+  private:
+    std::vector<CompileError> errors;
+};
+
 /// The faults of one compilation, in the order in which they were found.
 class CompileErrors
 {
@@ -42,18 +67,16 @@ class CompileErrors
 
     /// Records a fault; the compilation goes on. The code's sentence follows the name it concerns.
     void add(ErrorCode code, SourcePlace place, std::string_view name);
-    /// Ends the compilation: throws the one line of this fault as std::string.
+    /// Ends the compilation: throws CompileFailure with this fault alone.
     [[noreturn]] void fail(SourcePlace place, std::string_view text) const;
-
-    bool any() const { return !lines.empty(); }
-    /// All faults, each `Error: E%d "%s"(%d): ` with its text and a line feed.
-    const std::string& text() const { return lines; }
+    /// Throws CompileFailure with what was recorded, if anything was.
+    void throwIfAny() const;
 
   private:
-    std::string format(ErrorCode code, SourcePlace place, std::string_view text) const;
+    CompileError made(ErrorCode code, SourcePlace place, std::string text) const;
 
     const std::vector<WString>& files;
-    std::string lines;
+    std::vector<CompileError> errors;
 };
 
 } // namespace varn

@@ -23,8 +23,7 @@ void Compiler::compile(WStringView name, WString text, GlobalScript global)
     Lexer lexer(sources, symbols, constants, errors);
     const SyntaxTree tree = Parser(lexer, nodes, errors).parseProgram();
     const ResolvedProgram resolved = Resolver(symbols, nodes, errors).resolve(tree);
-    if (errors.any())
-        throw errors.text();
+    errors.throwIfAny();
     // A top level without a name stands first among the functions.
     made->functions.push_back(std::make_unique<FunctionCode>());
     CodeGenerator(*made, constants, errors).generate(resolved);

@@ -22,7 +22,7 @@ class Compiler
     };
 
     /// @param name  what messages call the main text
-    /// Throws std::string (narrow text): all faults, a line each, in the form
+    /// Throws CompileFailure, a std::string: all faults, a line each, in the form
     /// `Error: E%d "%s"(%d): ` and the sentence. Nothing of the program before is kept then.
     void compile(WStringView name, WString text, GlobalScript global);
     void reset() { program.reset(); }

@@ -435,7 +435,7 @@ void Heap::sweepLarge()
     });
 }
 
-void Heap::clear()
+void Heap::freeAll()
 {
     sweep(); // nothing is marked
     blocks.clear();

@@ -102,8 +102,14 @@ class Heap
     }
     /// Marks from what `markRoots` reports and frees the rest.
     void collect(const std::function<void(Marker&)>& markRoots);
-    /// Frees everything.
-    void clear();
+    /// Frees everything. Costs nothing where nothing was made.
+    void clear()
+    {
+        if (!isUntouched())
+            freeAll();
+    }
+    /// Nothing was made since the heap was made or cleared.
+    bool isUntouched() const { return blocks.empty() && large.empty(); }
 
     /// Live arrays, tables and native instances, and the count at which the next collection is due.
     std::size_t objectCount() const { return objects; }
@@ -156,6 +162,7 @@ class Heap
     void allocateElements(Array& array, std::uint32_t size);
     void charge(std::size_t size);
     void release(HeapObject& object);
+    void freeAll();
     void sweep();
     SweptBlock sweepBlock(Block& block);
     void sweepLarge();

@@ -44,9 +44,14 @@ void IncludeStack::push(WString name, WString text)
 bool IncludeStack::find(WStringView name, Found& found) const
 {
     std::vector<WString> places = {WString(name)};
-    for (std::size_t i = scripts.size(); i-- > 0;)
-        if (!scripts[i].finished && !folderOf(scripts[i].source).empty())
-            places.push_back(WString(folderOf(scripts[i].source)) + WString(name));
+    WStringView triedLast;
+    for (std::size_t i = scripts.size(); i-- > 0;) {
+        const WStringView folder = folderOf(scripts[i].source);
+        if (scripts[i].finished || folder.empty() || folder == triedLast)
+            continue;
+        places.push_back(WString(folder) + WString(name));
+        triedLast = folder;
+    }
     places.push_back(kScriptFolder + WString(name));
     places.push_back(kScriptFolder + WString(fileNameOf(name)));
     for (const WString& place : places) {

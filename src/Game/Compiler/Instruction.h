@@ -53,6 +53,7 @@ enum class Operands : std::uint8_t
     X(Move, "LOADL", AB) X(LoadInt, "PUSHI", AInt) X(LoadBoolean, "PUSHB", AInt)                   \
     X(LoadNumber, "PUSHD", AIndex) X(LoadString, "PUSHS", AIndex)                                  \
     X(LoadFunction, "PUSHF", AIndex) X(LoadSelector, "DOT", AIndex)                                \
+    X(LoadArgument, "LOADA", AInt) /* of a formula; then the call of `_getArgs` is skipped */      \
     X(LoadGlobal, "LOADG", AB)                                                                     \
     X(StoreGlobal, "STOREG", AB) /* slot a = register b */                                         \
     /* arithmetic: a = b op c */                                                                   \
@@ -114,6 +115,9 @@ enum class Opcode : std::uint16_t
 #undef VARN_NAME
         Count
 };
+
+/// Instructions behind LoadArgument that make the call it stands for.
+inline constexpr int kLoadArgumentSkips = 3;
 
 /// Distance between two registers in an instruction.
 inline constexpr int kRegisterStep = 16;

@@ -47,11 +47,15 @@ const Program* Interpreter::getProgram() const
 
 void Interpreter::reset()
 {
+    using Contents = InterpreterVM::StackContents;
     call = nullptr;
-    machine.reset();
-    values.clear();
     globalValues.clear();
-    if (Program* program = compiler->getProgram())
+    const Contents contents = values.isUntouched() ? Contents::Plain : Contents::HeapValues;
+    values.clear();
+    Program* program = compiler->getProgram();
+    if (machine)
+        machine->restart(contents);
+    else if (program)
         machine = std::make_unique<InterpreterVM>(*this, values, *program, stopRequested);
 }
 
@@ -84,9 +88,10 @@ bool Interpreter::execute(std::uint64_t budget)
     return !machine || machine->run(budget) != InterpreterVM::State::Running;
 }
 
-OperandData Interpreter::getReturn() const
+const OperandData& Interpreter::getReturn() const
 {
-    return machine ? machine->global(0) : OperandData::integer(0);
+    static constexpr OperandData kNothing = OperandData::integer(0);
+    return machine ? machine->global(0) : kNothing;
 }
 
 void Interpreter::setReturn(const OperandData& value)

@@ -43,8 +43,8 @@ class Interpreter : public ScriptThread
     /// Runs to the end, or for `budget` instructions; false when the budget ended it.
     bool execute();
     bool execute(std::uint64_t budget);
-    /// The value of `_ret`.
-    OperandData getReturn() const;
+    /// The value of `_ret`; without code the int 0.
+    const OperandData& getReturn() const;
 
     /// What a run on the own thread came to.
     enum class RunResult

@@ -273,6 +273,15 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     CASE(LoadString): copy(A, program.strings[static_cast<std::size_t>(pc->wide())]); NEXT();
     CASE(LoadFunction): A = OperandData::function(program.functions[static_cast<std::size_t>(pc->wide())].get()); NEXT();
     CASE(LoadSelector): A = OperandData::selector(static_cast<std::uint32_t>(pc->wide())); NEXT();
+    CASE(LoadArgument): {
+        const auto index = static_cast<std::size_t>(pc->wide());
+        if (index < owner.globalValues.size()) {
+            copy(A, owner.globalValues[index]);
+            copy(*G, A);
+            pc += kLoadArgumentSkips;
+        }
+        NEXT();
+    }
     CASE(LoadGlobal): copy(A, at(G, pc->b)); NEXT();
     CASE(StoreGlobal): copy(at(G, pc->a), B); NEXT();
 

@@ -26,6 +26,12 @@ class InterpreterVM
     InterpreterVM(const InterpreterVM&) = delete;
     InterpreterVM& operator=(const InterpreterVM&) = delete;
 
+    /// What the run before may have left in the stack.
+    enum class StackContents
+    {
+        Plain,     ///< numbers, constants, functions
+        HeapValues ///< values the heap has freed since
+    };
     static constexpr std::uint64_t kUnlimited = ~std::uint64_t{0};
     enum class State
     {
@@ -38,6 +44,8 @@ class InterpreterVM
     /// fatal InterpreterException with script and line when the run cannot go on; it is over then.
     State run(std::uint64_t budget);
     State state() const { return reached; }
+    /// Back to the first instruction. Cheap when nothing in the stack can name a value of the heap.
+    void restart(StackContents contents);
 
     OperandData& global(std::uint32_t slot) { return stack[kHeader + slot]; }
     void markRoots(Marker& marker);
@@ -53,6 +61,7 @@ class InterpreterVM
     State interpret(std::uint64_t& budget);
     const FunctionCode& currentFunction() const { return FunctionCode::ofHeader(frame[-1].head); }
 
+    void enterTopLevel();
     OperandData* makeRoom(OperandData* base, const FunctionCode& function);
     void collect();
     std::size_t liveCells() const;
@@ -92,6 +101,7 @@ class InterpreterVM
     Heap& heap;
     Program& program;
     const std::atomic<bool>& stopRequested;
+    const FunctionCode& top; ///< of the program
     std::unique_ptr<OperandData[]> stack;
     std::size_t cells = 0;         ///< of the stack
     OperandData* usable = nullptr; ///< end of the cells that may be used before `enterFrame`

@@ -85,16 +85,13 @@ std::string operandText(const Program& program, std::size_t address)
 
 } // namespace
 
-std::vector<std::string> listInstructions(const Program& program)
+std::vector<ListedInstruction> listInstructions(const Program& program)
 {
-    std::vector<std::string> lines;
-    for (std::size_t address = 0; address < program.code.size(); ++address) {
-        const std::string operand = operandText(program, address);
-        lines.push_back(std::to_string(address) + " " +
-                        std::string(opcodeRow(program.code[address].opcode).mnemonic) +
-                        (operand.empty() ? "" : " " + operand));
-    }
-    return lines;
+    std::vector<ListedInstruction> list;
+    for (std::size_t address = 0; address < program.code.size(); ++address)
+        list.push_back({address, opcodeRow(program.code[address].opcode).mnemonic,
+                        operandText(program, address)});
+    return list;
 }
 
 } // namespace varn

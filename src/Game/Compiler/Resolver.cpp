@@ -91,6 +91,7 @@ Variable* Resolver::declare(AST* name, Storage storage, Symbol* typeName)
         currentFunction->slots = std::max(currentFunction->slots, nextSlot);
         currentFunction->variables.push_back(made);
     } else {
+        program.slots = std::max(program.slots, nextSlot);
         program.variables.push_back(made);
     }
     return made;

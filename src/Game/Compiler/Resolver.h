@@ -30,6 +30,7 @@ struct ResolvedProgram
     std::vector<ResolvedFunction> functions; ///< by Variable::functionNumber
     std::vector<Variable*> definitions;      ///< the variable of each function, in step with it
     std::vector<Variable*> variables;        ///< of the top level
+    std::uint32_t slots = 0;                 ///< registers of those variables
     /// Class of the receiver by declaration, by the `value` of a method call; null: by its value.
     std::vector<ClassInterface*> receiverClasses;
     bool defaultsAssign = false;

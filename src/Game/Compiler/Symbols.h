@@ -26,8 +26,9 @@ struct Symbol
     /// Class name of the most recent declaration of the name, wherever it stood: what a method call
     /// on the name goes by. Null: none.
     Symbol* typeName = nullptr;
-    std::uint32_t nameIndex = Symbol::kNoIndex; ///< in the program's name table
-    bool isScriptClass = false;                 ///< declared by `class` so far
+    std::uint32_t nameIndex = Symbol::kNoIndex;  ///< in the program's name table
+    std::uint32_t classIndex = Symbol::kNoIndex; ///< in the program's classes
+    bool isScriptClass = false;                  ///< declared by `class` so far
 
     /// The native class and native global function of that name, or null.
     ClassInterface* nativeClass();

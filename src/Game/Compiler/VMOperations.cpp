@@ -23,18 +23,38 @@ using Severity = InterpreterException::Severity;
 InterpreterVM::InterpreterVM(Interpreter& owner, Heap& heap, Program& program,
                              const std::atomic<bool>& stopRequested)
     : owner(owner), heap(heap), program(program), stopRequested(stopRequested),
-      stack(std::make_unique<OperandData[]>(kFirstCells)), cells(kFirstCells)
+      top(*program.functions.front()), stack(std::make_unique<OperandData[]>(kFirstCells)),
+      cells(kFirstCells)
 {
-    const FunctionCode& top = *program.functions.front();
-    stack[0].head = top.headerWord();
     usable = stack.get() + kClearStep;
-    frame = stack.get() + kHeader;
-    frame = makeRoom(frame, top);
-    std::fill_n(frame, registersOf(top), OperandData::integer(0));
-    pc = program.code.data();
+    enterTopLevel();
 }
 
 InterpreterVM::~InterpreterVM() = default;
+
+void InterpreterVM::enterTopLevel()
+{
+    stack[0].head = top.headerWord();
+    frame = stack.get() + kHeader;
+    const std::size_t registers = registersOf(top);
+    if (frame + registers > usable)
+        frame = makeRoom(frame, top);
+    std::fill_n(frame, registers, OperandData::integer(0));
+    pc = top.start;
+    reached = State::Running;
+}
+
+void InterpreterVM::restart(StackContents contents)
+{
+    if (cells > kFirstCells) { // a deep recursion's
+        stack = std::make_unique<OperandData[]>(kFirstCells);
+        cells = kFirstCells;
+        usable = stack.get() + kClearStep;
+    } else if (contents == StackContents::HeapValues) {
+        std::fill(stack.get(), usable, OperandData());
+    }
+    enterTopLevel();
+}
 
 InterpreterVM::State InterpreterVM::run(std::uint64_t budget)
 {
