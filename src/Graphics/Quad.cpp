@@ -34,12 +34,12 @@ std::uint32_t swapRedBlue(std::uint32_t colour)
 /// The colours of one quad's pixels: how a source pixel meets the target pixel below it.
 struct QuadPaint
 {
-    explicit QuadPaint(const Image& source)
+    QuadPaint(const Image& source, const std::optional<Gradation>& gradation)
         : hasAlpha(source.getBitmap().hasAlphaChannel()),
           keyed(!hasAlpha && source.getBitmap().isColorKeyEnabled()),
           key(source.getColorKey() == Bitmap::kNoKey ? Bitmap::kNoKey
                                                      : swapRedBlue(source.getColorKey())),
-          gradation(source.gradation)
+          gradation(gradation)
     {}
 
     void paint(std::uint32_t pixel, int strength, std::uint8_t* target) const
@@ -175,6 +175,12 @@ Rect boundsOf(const QuadCorners& corners)
 
 void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& target)
 {
+    drawImageToQuad(source, source.gradation, corners, target);
+}
+
+void drawImageToQuad(const Image& source, const std::optional<Gradation>& gradation,
+                     const QuadCorners& corners, Bitmap& target)
+{
     const Rect box = boundsOf(corners);
     if (!isDrawable(source, box) || target.isEmpty())
         return;
@@ -187,7 +193,7 @@ void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& ta
 
     const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
                               source.getHeight());
-    const QuadPaint paint(source);
+    const QuadPaint paint(source, gradation);
     std::vector<std::int32_t> places(static_cast<std::size_t>(endColumn - firstColumn));
     QuadRow painter(paint, source, box);
     for (int row = firstRow; row < endRow; ++row) {

@@ -51,6 +51,11 @@ void DungeonView::setBackBufferSize(int width, int height)
         return;
     FileLogger::instance().write(u"Map3D.setBackBufferSize: W:" + toDecimal(width) + u", H:" +
                                  toDecimal(height));
+    resize(width, height);
+}
+
+void DungeonView::resize(int width, int height)
+{
     viewBuffer.setSize(width, height);
     floorCeilingBuffer.setSize(width, height);
     kept = {};
@@ -65,11 +70,6 @@ void DungeonView::reloadImages()
 ViewGeometry DungeonView::geometry() const
 {
     return ViewGeometry({0, 0, viewBuffer.getWidth(), viewBuffer.getHeight()}, map.eyeHeight);
-}
-
-bool DungeonView::isVeiled(const Scene& scene) const
-{
-    return isDark(map, wrapped(map, scene.viewer.x, scene.viewer.y));
 }
 
 std::optional<DungeonView::FogEdges> DungeonView::fogAt(int distance) const
@@ -101,8 +101,9 @@ void DungeonView::drawView(Graphics& target, const Rect& place, const Viewpoint&
                            Mirror mirror)
 {
     setBackBufferSize(place.width, place.height);
-    const Scene scene{
-        viewer, std::clamp(static_cast<int>(map.getVisibleDistance()), 0, kMaxDistance), mirror};
+    const Scene scene{viewer,
+                      std::clamp(static_cast<int>(map.getVisibleDistance()), 0, kMaxDistance),
+                      mirror, CellEvents(map)};
     const Kept wanted{scene.visibleDistance, map.getFogStep(), map.eyeHeight, map.fogColor,
                       map.fogEnabled};
     if (images.update(map) || wanted != kept) {
@@ -113,7 +114,7 @@ void DungeonView::drawView(Graphics& target, const Rect& place, const Viewpoint&
     paint(scene);
 
     viewBuffer.getBitmap().setColorKeyEnabled(false);
-    const Rect whole(0, 0, place.width, place.height);
+    const Rect whole(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
     const Rect onto = mirror == Mirror::On
                           ? Rect(place.x + place.width - 1, place.y, -place.width, place.height)
                           : Rect(place.x, place.y, place.width, place.height);
@@ -124,13 +125,14 @@ void DungeonView::paint(const Scene& scene)
 {
     const Rect whole(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
     viewBuffer.fillRect(whole, 0, 255);
-    const bool veiled = isVeiled(scene);
+    const bool veiled = scene.events.isDark(wrapped(map, scene.viewer.x, scene.viewer.y));
     if (veiled && !(map.light.active && map.light.power < 255))
         return;
     paintBackground(scene);
     if (images.find(ImageType::Floor) || images.find(ImageType::Ceiling))
         blitImage(viewBuffer.getBitmap(), floorCeilingBuffer.getImage(), whole, whole);
-    const std::vector<SeenCell> seen = walkView(map, scene.viewer, scene.visibleDistance);
+    const std::vector<SeenCell> seen =
+        walkView(map, scene.events, scene.viewer, scene.visibleDistance);
     for (auto cell = seen.rbegin(); cell != seen.rend(); ++cell)
         paintCell(scene, *cell);
     if (veiled)
@@ -166,18 +168,22 @@ void DungeonView::paintFloorAndCeiling(int visibleDistance)
         const Image* const picture = images.find(type);
         if (!picture)
             continue;
-        Image tile(*picture);
+        const auto lay = [&](ViewPlace place, const std::optional<Gradation>& fog) {
+            drawImageToQuad(*picture, fog,
+                            type == ImageType::Floor ? quads.floor(place) : quads.ceiling(place),
+                            floorCeilingBuffer.getBitmap());
+        };
         for (int distance = 0; distance <= visibleDistance; ++distance) {
-            tile.gradation.reset();
+            std::optional<Gradation> gradation;
             if (const auto fog = fogAt(distance))
-                tile.gradation = type == ImageType::Floor
-                                     ? Gradation{map.fogColor, fog->far, fog->near, false}
-                                     : Gradation{map.fogColor, fog->near, fog->far, false};
-            const int widest = kMaxLateral[static_cast<std::size_t>(distance)];
-            for (int lateral = -widest; lateral <= widest; ++lateral) {
-                const ViewPlace place{lateral, distance};
-                floorCeilingBuffer.drawImageToQuad(
-                    tile, type == ImageType::Floor ? quads.floor(place) : quads.ceiling(place));
+                gradation = type == ImageType::Floor
+                                ? Gradation{map.fogColor, fog->far, fog->near, false}
+                                : Gradation{map.fogColor, fog->near, fog->far, false};
+            lay({0, distance}, gradation);
+            for (int lateral = 1; lateral <= kMaxLateral[static_cast<std::size_t>(distance)];
+                 ++lateral) {
+                lay({lateral, distance}, gradation);
+                lay({-lateral, distance}, gradation);
             }
         }
     }
@@ -248,43 +254,43 @@ void DungeonView::paintPiece(const Image& picture, ViewPlace place, ViewSide sid
 
 void DungeonView::paintEvents(const Scene& scene, const SeenCell& seen, DisplayPosition position)
 {
-    const WizFloorList& types = WizFloorList::instance();
-    for (const auto& event : map.events.list()) {
-        const bool known = event->type >= 0 && static_cast<std::size_t>(event->type) < types.size();
-        if (event->x != seen.cell.x || event->y != seen.cell.y || !known)
-            continue;
-        const WizFloorData& type = types.at(static_cast<std::size_t>(event->type));
+    scene.events.visit(seen.cell, [&](const GameEvent& event, const WizFloorData& type) {
         const std::int32_t stands =
-            event->priority >= 0 ? event->priority : type.getDisplayPosition();
+            event.priority >= 0 ? event.priority : type.getDisplayPosition();
         if (stands != static_cast<std::int32_t>(position) || !type.getVisibility3D())
-            continue;
+            return;
         if (const Image* const texture = images.texture(type.getTexture()))
-            paintTexture(*texture, scene, seen.place, position, event->direction);
-    }
+            paintTexture(*texture, scene, seen.place, position, event.direction);
+    });
 }
 
 void DungeonView::paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
                                DisplayPosition position, Direction facing)
 {
-    Image picture(texture);
+    std::optional<Gradation> fogged;
     if (const auto fog = fogAt(place.distance))
-        picture.gradation = Gradation{map.fogColor, fog->near, fog->near, false};
+        fogged = Gradation{map.fogColor, fog->near, fog->near, false};
+    const auto lay = [&](const QuadCorners& quad) {
+        drawImageToQuad(texture, fogged, quad, viewBuffer.getBitmap());
+    };
     const ViewGeometry quads = geometry();
+    // What faces nowhere covers its tile: a pit is as large as the cell.
+    const bool faces = facing.dx() != 0 || facing.dy() != 0;
     switch (position) {
     case DisplayPosition::Floor:
-        viewBuffer.drawImageToQuad(picture, quads.flatFloor(place));
+        lay(faces ? quads.flatFloor(place) : quads.floor(place));
         break;
     case DisplayPosition::Ceiling:
-        viewBuffer.drawImageToQuad(picture, quads.flatCeiling(place));
+        lay(faces ? quads.flatCeiling(place) : quads.ceiling(place));
         break;
     case DisplayPosition::Wall:
         for (const ViewSide side : kSidesInPaintOrder)
             if (sideOf(scene.viewer.facing, side) == facing)
                 if (const auto quad = quads.onWall(place, side))
-                    viewBuffer.drawImageToQuad(picture, *quad);
+                    lay(*quad);
         break;
     case DisplayPosition::Default:
-        viewBuffer.drawImageToQuad(picture, quads.upright(place));
+        lay(quads.upright(place));
         break;
     }
 }

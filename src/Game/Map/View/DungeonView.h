@@ -23,7 +23,7 @@ class DungeonView
     /// A buffer side is at most this.
     static constexpr int kSideLimit = 4096;
 
-    explicit DungeonView(const WizMap& map) : map(map) { setBackBufferSize(320, 240); }
+    explicit DungeonView(const WizMap& map) : map(map) { resize(320, 240); }
 
     /// Sides from 1 to 4096; another size empties what is kept.
     void setBackBufferSize(int width, int height);
@@ -34,8 +34,7 @@ class DungeonView
 
     /// Paints the view from a cell at (x, y) of the target. The buffer takes the given size.
     /// @param mirror  mirrors the whole picture left to right, the background only where its entry
-    /// in
-    ///                the resource catalogue says that it flips
+    ///                in the resource catalogue says that it flips
     void drawView(Graphics& target, const Rect& place, const Viewpoint& viewer,
                   Mirror mirror = Mirror::Off);
 
@@ -49,7 +48,10 @@ class DungeonView
         Viewpoint viewer;
         int visibleDistance;
         Mirror mirror;
+        CellEvents events;
     };
+
+    void resize(int width, int height);
 
     void paint(const Scene& scene);
     void paintBackground(const Scene& scene);
@@ -62,7 +64,6 @@ class DungeonView
     void paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
                       DisplayPosition position, Direction facing);
     void fillQuad(const QuadCorners& quad, std::uint32_t colour);
-    bool isVeiled(const Scene& scene) const;
 
     /// The fog on a piece: strengths at the near and the far edge of its distance; nothing without
     /// fog.
@@ -75,7 +76,7 @@ class DungeonView
     ViewGeometry geometry() const;
 
     const WizMap& map;
-    WizMapImage images;
+    WizMapImage images{MapPictures::View};
     Graphics viewBuffer;
     Graphics floorCeilingBuffer; ///< with alpha: what no tile covers shows the background
     StockImageContainer stock;
