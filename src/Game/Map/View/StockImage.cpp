@@ -39,7 +39,7 @@ StockImage::StockImage(const Image& source, const std::optional<Gradation>& fog,
         corner.x -= whole.x;
         corner.y -= whole.y;
     }
-    const QuadMapping mapping(inBox, whole.width, source.getWidth(), source.getHeight());
+    const QuadMapping mapping(inBox, whole, source.getWidth(), source.getHeight());
     const std::vector<std::uint8_t> strengths =
         fog ? strengthTable(*fog, fog->horizontal ? whole.width : whole.height)
             : std::vector<std::uint8_t>();
