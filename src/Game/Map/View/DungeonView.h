@@ -38,9 +38,6 @@ class DungeonView
     void drawView(Graphics& target, const Rect& place, const Viewpoint& viewer,
                   Mirror mirror = Mirror::Off);
 
-    /// The finished buffer of the last drawing, unmirrored.
-    const Bitmap& getBuffer() const { return viewBuffer.getBitmap(); }
-
   private:
     /// What one drawing holds fixed.
     struct Scene
@@ -54,7 +51,7 @@ class DungeonView
     void resize(int width, int height);
 
     void paint(const Scene& scene);
-    void paintBackground(const Scene& scene);
+    void paintBackdrop(const Scene& scene);
     void paintFloorAndCeiling(int visibleDistance);
     void paintCell(const Scene& scene, const SeenCell& seen);
     void paintDark(const SeenCell& seen);
@@ -79,6 +76,8 @@ class DungeonView
     WizMapImage images{MapPictures::View};
     Graphics viewBuffer;
     Graphics floorCeilingBuffer; ///< with alpha: what no tile covers shows the background
+    Graphics backdrop;           ///< all that lies behind the cells
+    Bitmap* canvas = nullptr;    ///< what is painted on during a drawing
     StockImageContainer stock;
 
     /// What the kept pieces were made for.
@@ -90,6 +89,17 @@ class DungeonView
         bool operator==(const Kept&) const = default;
     };
     Kept kept;
+
+    /// What the backdrop was made for, beside what the pieces were.
+    struct Backdrop
+    {
+        bool made = false;
+        const Image* background = nullptr;
+        Rect source;
+        bool mirrored = false;
+        bool operator==(const Backdrop&) const = default;
+    };
+    Backdrop backdropKept;
 };
 
 } // namespace varn
