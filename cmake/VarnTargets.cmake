@@ -26,6 +26,14 @@ function(varn_test name)
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
 
+# varn_draws(NAME): the test program draws lines or text, by the library that the programs load. An
+# RPATH, since the sanitizers' dlopen does not see a program's RUNPATH.
+function(varn_draws name)
+  add_dependencies(${name} varnraster)
+  set_target_properties(${name} PROPERTIES BUILD_RPATH "$<TARGET_FILE_DIR:varnraster>")
+  target_link_options(${name} PRIVATE -Wl,--disable-new-dtags)
+endfunction()
+
 # varn_fuzz(NAME LINK Folder ...): fuzz/NAME.cpp, with its seeds in fuzz/corpus/NAME; one entry of ctest,
 # which runs the seeds and then FUZZ_SECONDS of new inputs.
 function(varn_fuzz name)

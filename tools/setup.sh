@@ -2,7 +2,7 @@
 # setup.sh SET...: installs the Debian packages of the sets that this machine lacks, and nothing else.
 # The one place that knows what the project needs:
 #   build   to compile and run the programs
-#   test    to compile and run the tests and the fuzz targets
+#   test    to compile and run the tests and the fuzz targets; the browser opens the web pages of maps
 #   bench   the peers that the benchmarks stand beside
 set -e
 
@@ -15,7 +15,7 @@ packages_of() {
             libvorbis-dev libmpg123-dev libfluidsynth-dev timgm6mb-soundfont \
             qt6-base-dev fonts-vlgothic
         ;;
-    test) echo libgtest-dev clang libclang-rt-14-dev ;;
+    test) echo libgtest-dev clang libclang-rt-14-dev python3 chromium ;;
     bench) echo libbenchmark-dev libpugixml-dev libpcre2-dev lua5.4 liblua5.4-dev luajit libcairo2-dev ;;
     *)
         echo "setup.sh: there is no set '$1'" >&2

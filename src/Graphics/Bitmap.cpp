@@ -30,6 +30,20 @@ bool isPictureExtension(WStringView path)
     return isExtension(path, u".gif") || isExtension(path, u".jpg") || isExtension(path, u".jpeg");
 }
 
+/// The extension that a file of any name has by its first bytes; empty for none of ours.
+WStringView extensionByContent(std::string_view bytes)
+{
+    if (bytes.size() < 16)
+        return {};
+    if (bytes.substr(1, 3) == "PNG")
+        return u".png";
+    if (bytes.starts_with("GIF"))
+        return u".gif";
+    if (bytes.starts_with("\xFF\xD8"))
+        return u".jpg";
+    return bytes.starts_with("BM") ? WStringView(u".bmp") : WStringView();
+}
+
 /// What a file that cannot be read is reported as, by the loader that its extension selects.
 Exception unreadable(WStringView path)
 {
@@ -41,6 +55,8 @@ Exception unreadable(WStringView path)
 }
 
 } // namespace
+
+bool Bitmap::neutralNames = false;
 
 bool Bitmap::makeSurface(const InfoHeader& header)
 {
@@ -107,10 +123,22 @@ bool Bitmap::load(WStringView file)
     clear();
     const bool known =
         isExtension(file, u".png") || isExtension(file, u".bmp") || isPictureExtension(file);
+    if (neutralNames && !isFile(file)) {
+        const WString neutral = WString(withoutExtension(file)) + u".dat";
+        if (const auto bytes = readFile(resolveProjectPath(neutral))) {
+            const WStringView extension = extensionByContent(*bytes);
+            loadBytes(asBytes(*bytes), WString(withoutExtension(file)) + WString(extension));
+            if (!isEmpty())
+                path = neutral;
+            return true;
+        }
+    }
     const std::optional<std::string> bytes =
         known ? readFile(resolveProjectPath(file)) : std::nullopt;
-    if (!bytes)
+    if (!bytes) {
+        path.clear();
         throw unreadable(file);
+    }
     return loadBytes(asBytes(*bytes), file);
 }
 
@@ -118,17 +146,15 @@ bool Bitmap::loadBytes(ByteSpan bytes, WStringView file)
 {
     errorText.clear();
     clear();
-    path = file;
+    path.clear();
     if (isExtension(file, u".png")) {
         readPng(bytes, file, *this);
     } else if (isExtension(file, u".bmp")) {
         if (bytes.empty())
             throw Exception(u"Failed GetFileSize", u"Bitmap::load");
         readBmp(bytes, *this);
-        if (isEmpty()) {
-            path.clear();
+        if (isEmpty())
             return true;
-        }
         applyAlphaRule();
         setColorKey(getPixelColor(0, 0));
     } else if (isExtension(file, u".gif")) {
@@ -140,6 +166,7 @@ bool Bitmap::loadBytes(ByteSpan bytes, WStringView file)
     } else {
         throw unreadable(file);
     }
+    path = file;
     return true;
 }
 

@@ -53,6 +53,10 @@ class Bitmap
     /// Loads a project file by its extension. The bitmap is empty afterwards when the file is
     /// refused: silently for a BMP of another kind, else by an Exception with its location.
     bool load(WStringView path);
+    /// While set, a picture that is missing under its own name is looked for under the neutral
+    /// extension ".dat", and its first bytes tell what it is. For games that hide their pictures;
+    /// the tool leaves it off.
+    static bool neutralNames;
     /// The same off bytes in memory; `path` gives the extension and stands in the sentences.
     bool loadBytes(ByteSpan bytes, WStringView path);
     /// Writes .png or, under any other extension, a 32-bit Windows bitmap. False: see
@@ -114,8 +118,8 @@ class Bitmap
     WString errorText;
 };
 
-/// What a picture of so many bytes can hold at the best rate of the formats read here; a size
-/// beyond it is a lie that would only cost memory.
+/// What a BMP, GIF or JPEG file of so many bytes can hold at the best; a size beyond it is a lie
+/// that would only cost memory.
 inline bool isPlausibleSize(std::uint64_t width, std::uint64_t height, std::size_t fileBytes)
 {
     return width * height <= 4096 * static_cast<std::uint64_t>(fileBytes) + 65536;

@@ -23,19 +23,19 @@ struct Columns
 
     Columns(int surfaceWidth, const Rect& target, const Rect& source)
     {
-        const int count = std::abs(target.width);
+        const std::int64_t x = target.x, count = std::abs(std::int64_t{target.width});
         const bool mirrored = target.width < 0;
-        const double step = static_cast<double>(source.width) / count;
+        const double step = static_cast<double>(source.width) / static_cast<double>(count);
         // The walk goes in the picture's order: its steps are sums, and sums round.
-        const int first =
-            mirrored ? std::max(0, target.x - surfaceWidth + 1) : std::max(0, -target.x);
-        const int end =
-            mirrored ? std::min(count, target.x + 1) : std::min(count, surfaceWidth - target.x);
+        const std::int64_t first = std::max<std::int64_t>(0, mirrored ? x - surfaceWidth + 1 : -x);
+        const std::int64_t end = std::min(count, mirrored ? x + 1 : surfaceWidth - x);
+        if (first >= end)
+            return;
         double at = source.x;
-        for (int i = 0; i < end; ++i, at += step)
+        for (std::int64_t i = 0; i < end; ++i, at += step)
             if (i >= first)
                 sources.push_back(static_cast<std::int64_t>(at));
-        firstTarget = mirrored ? target.x - end + 1 : target.x + first;
+        firstTarget = static_cast<int>(mirrored ? x - end + 1 : x + first);
         if (mirrored)
             std::reverse(sources.begin(), sources.end());
         contiguous = !mirrored && step == 1.0;
@@ -125,15 +125,16 @@ void blitImage(Bitmap& surface, const Image& picture, const Rect& target, const 
     const RowStyle style = styleOf(picture, opacity);
     const Columns columns(surface.getWidth(), target, source);
     SourceRows rows(bitmap, columns);
-    const int height = std::abs(target.height);
-    const double step = static_cast<double>(source.height) / height;
-    const int endRow = std::min(height, surface.getHeight() - target.y);
-    for (int j = std::max(0, -target.y); j < endRow; ++j) {
-        const SourceRows::Run run = rows.row(static_cast<std::int64_t>(source.y + j * step));
+    const std::int64_t y = target.y, height = std::abs(std::int64_t{target.height});
+    const double step = static_cast<double>(source.height) / static_cast<double>(height);
+    const std::int64_t endRow = std::min(height, surface.getHeight() - y);
+    for (std::int64_t j = std::max<std::int64_t>(0, -y); j < endRow; ++j) {
+        const SourceRows::Run run =
+            rows.row(static_cast<std::int64_t>(source.y + static_cast<double>(j) * step));
         if (run.count == 0)
             continue;
         std::uint8_t* const out =
-            surface.getBits() + static_cast<std::size_t>(target.y + j) * surface.getStride() +
+            surface.getBits() + static_cast<std::size_t>(y + j) * surface.getStride() +
             (static_cast<std::size_t>(columns.firstTarget) + run.skipped) * kPixelBytes;
         if (plain)
             std::memcpy(out, run.pixels, run.count * kPixelBytes);

@@ -90,12 +90,11 @@ void copyUnlessKeyPlain(std::uint32_t key, const std::uint32_t* source, const st
     }
 }
 
-void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count)
+void fogRowPlain(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels,
+                 std::size_t count)
 {
-    std::uint8_t strengths[256];
-    std::memset(strengths, strength, sizeof strengths);
-    for (std::size_t done = 0; done < count; done += sizeof strengths)
-        fogRowAcross(colour, strengths, pixels + done, std::min(sizeof strengths, count - done));
+    for (std::size_t i = 0; i < count; ++i)
+        fogRowAcrossPlain(colour, &strength, pixels + i, 1);
 }
 
 #if defined(__x86_64__)
@@ -107,12 +106,14 @@ void blendRowAvx2(const RowStyle& style, const std::uint8_t* source, std::uint8_
 void blendColourAvx2(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
                      std::size_t count);
 
+std::size_t fogEvenAvx2(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels,
+                        std::size_t count);
 std::size_t fogAvx2(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                     std::size_t count);
 std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
                               const std::uint32_t* pixels, std::uint8_t* target, std::size_t count);
 std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                       std::size_t count);
+                       std::size_t count, std::uint32_t& common);
 
 namespace {
 
@@ -141,6 +142,10 @@ struct Sse2
     static Reg add16(Reg a, Reg b) { return _mm_add_epi16(a, b); }
     static Reg sub16(Reg a, Reg b) { return _mm_sub_epi16(a, b); }
     static Reg subSaturated(Reg a, Reg b) { return _mm_subs_epu16(a, b); }
+    static Reg subSaturated8(Reg a, Reg b) { return _mm_subs_epu8(a, b); }
+    static Reg add8(Reg a, Reg b) { return _mm_add_epi8(a, b); }
+    static Reg sub8(Reg a, Reg b) { return _mm_sub_epi8(a, b); }
+    static Reg isZero8(Reg r) { return _mm_cmpeq_epi8(r, _mm_setzero_si128()); }
     static Reg bitAnd(Reg a, Reg b) { return _mm_and_si128(a, b); }
     static Reg bitOr(Reg a, Reg b) { return _mm_or_si128(a, b); }
     static Reg equal32(Reg a, Reg b) { return _mm_cmpeq_epi32(a, b); }
@@ -188,6 +193,14 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
         pixelloops::blendColour<pixelloops::Sse2>(colour, opacity, target, count);
 }
 
+void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count)
+{
+    using namespace pixelloops;
+    const std::size_t done = kHasAvx2 ? fogEvenAvx2(colour, strength, pixels, count)
+                                      : fogEvenVectors<Sse2>(colour, strength, pixels, count);
+    fogRowPlain(colour, strength, pixels + done, count - done);
+}
+
 void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                   std::size_t count)
 {
@@ -206,12 +219,17 @@ void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::ui
     copyUnlessKeyPlain(key, source + done, pixels + done, target + done * 4, count - done);
 }
 
-void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                  std::size_t count)
+std::uint32_t gatherPixels(const std::uint8_t* pixels, const std::int32_t* places,
+                           std::uint32_t* out, std::size_t count)
 {
-    std::size_t i = pixelloops::kHasAvx2 ? pixelloops::gatherAvx2(pixels, places, out, count) : 0;
-    for (; i < count; ++i)
+    std::uint32_t common = 0xFFFFFFFF;
+    std::size_t i =
+        pixelloops::kHasAvx2 ? pixelloops::gatherAvx2(pixels, places, out, count, common) : 0;
+    for (; i < count; ++i) {
         out[i] = loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4);
+        common &= out[i];
+    }
+    return common;
 }
 
 #else
@@ -228,6 +246,11 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
     blendColourPlain(colour, opacity, target, count);
 }
 
+void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count)
+{
+    fogRowPlain(colour, strength, pixels, count);
+}
+
 void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                   std::size_t count)
 {
@@ -240,11 +263,15 @@ void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::ui
     copyUnlessKeyPlain(key, source, pixels, target, count);
 }
 
-void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                  std::size_t count)
+std::uint32_t gatherPixels(const std::uint8_t* pixels, const std::int32_t* places,
+                           std::uint32_t* out, std::size_t count)
 {
-    for (std::size_t i = 0; i < count; ++i)
+    std::uint32_t common = 0xFFFFFFFF;
+    for (std::size_t i = 0; i < count; ++i) {
         out[i] = loadPixel(pixels + static_cast<std::size_t>(places[i]) * 4);
+        common &= out[i];
+    }
+    return common;
 }
 
 #endif

@@ -43,14 +43,17 @@ void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::ui
                    std::uint8_t* target, std::size_t count);
 
 /// out[i] = pixels[places[i]]; every place is in the picture.
-void gatherPixels(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                  std::size_t count);
+/// @returns all of them ANDed: its alpha is 255 where every pixel's is
+std::uint32_t gatherPixels(const std::uint8_t* pixels, const std::int32_t* places,
+                           std::uint32_t* out, std::size_t count);
 
 /// The same results one pixel at a time: what the vector forms are held to.
 void blendRowPlain(const RowStyle& style, const std::uint8_t* source, std::uint8_t* target,
                    std::size_t count);
 void blendColourPlain(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* target,
                       std::size_t count);
+void fogRowPlain(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels,
+                 std::size_t count);
 void fogRowAcrossPlain(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                        std::size_t count);
 void copyUnlessKeyPlain(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,

@@ -38,6 +38,10 @@ struct Avx2
     static Reg add16(Reg a, Reg b) { return _mm256_add_epi16(a, b); }
     static Reg sub16(Reg a, Reg b) { return _mm256_sub_epi16(a, b); }
     static Reg subSaturated(Reg a, Reg b) { return _mm256_subs_epu16(a, b); }
+    static Reg subSaturated8(Reg a, Reg b) { return _mm256_subs_epu8(a, b); }
+    static Reg add8(Reg a, Reg b) { return _mm256_add_epi8(a, b); }
+    static Reg sub8(Reg a, Reg b) { return _mm256_sub_epi8(a, b); }
+    static Reg isZero8(Reg r) { return _mm256_cmpeq_epi8(r, _mm256_setzero_si256()); }
     static Reg bitAnd(Reg a, Reg b) { return _mm256_and_si256(a, b); }
     static Reg bitOr(Reg a, Reg b) { return _mm256_or_si256(a, b); }
     static Reg equal32(Reg a, Reg b) { return _mm256_cmpeq_epi32(a, b); }
@@ -73,6 +77,12 @@ void blendColourAvx2(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* t
     blendColour<Avx2>(colour, opacity, target, count);
 }
 
+std::size_t fogEvenAvx2(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels,
+                        std::size_t count)
+{
+    return fogEvenVectors<Avx2>(colour, strength, pixels, count);
+}
+
 std::size_t fogAvx2(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                     std::size_t count)
 {
@@ -86,15 +96,21 @@ std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
 }
 
 std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                       std::size_t count)
+                       std::size_t count, std::uint32_t& common)
 {
     std::size_t i = 0;
+    __m256i all = _mm256_set1_epi32(-1);
     for (; i + 8 <= count; i += 8) {
         const __m256i indices = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(places + i));
         const __m256i got =
             _mm256_i32gather_epi32(reinterpret_cast<const int*>(pixels), indices, 4);
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + i), got);
+        all = _mm256_and_si256(all, got);
     }
+    std::uint32_t lanes[8];
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(lanes), all);
+    for (const std::uint32_t lane : lanes)
+        common &= lane;
     return i;
 }
 

@@ -140,24 +140,46 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
     blendColourPlain(colour, opacity, target + i * 4, count - i);
 }
 
-/// Fog over one register of pixels, with the weights as bytes of every channel.
+/// Fog over one register of pixels: `approach` on bytes, where the distance to the colour is
+/// scaled once and goes to the side where the pixel lies.
+/// @param colour   in every pixel, its alpha 0
+/// @param weights  by 16-bit channels
 template <class V>
-typename V::Reg fogged(typename V::Reg pixels, typename V::Reg colour, typename V::Reg weights)
+typename V::Reg fogged(typename V::Reg pixels, typename V::Reg colour, const Channels<V>& weights)
 {
-    const auto c = Channels<V>::of(pixels), w = Channels<V>::of(weights);
-    const Channels<V> mixed{approach<V>(c.lo, colour, w.lo), approach<V>(c.hi, colour, w.hi)};
-    return V::select(V::all32(static_cast<int>(0xFF000000)), pixels, mixed.pack());
+    const auto above = V::subSaturated8(pixels, colour), below = V::subSaturated8(colour, pixels);
+    const auto distance = Channels<V>::of(V::bitOr(above, below));
+    const Channels<V> scaled{divide255<V>(V::mulLow(distance.lo, weights.lo)),
+                             divide255<V>(V::mulLow(distance.hi, weights.hi))};
+    const auto step = scaled.pack();
+    const auto mixed = V::select(V::isZero8(above), V::sub8(colour, step), V::add8(colour, step));
+    return V::select(V::all32(static_cast<int>(0xFF000000)), pixels, mixed);
+}
+
+template <class V>
+std::size_t fogEvenVectors(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels,
+                           std::size_t count)
+{
+    const auto wide = V::all32(static_cast<int>(colour & 0xFFFFFF));
+    const Channels<V> weights{V::all16(strength), V::all16(strength)};
+    std::size_t i = 0;
+    for (; i + V::kPixels <= count; i += V::kPixels) {
+        auto* const at = reinterpret_cast<std::uint8_t*>(pixels + i);
+        V::store(at, fogged<V>(V::load(at), wide, weights));
+    }
+    return i;
 }
 
 template <class V>
 std::size_t fogVectors(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                        std::size_t count)
 {
-    const auto wide = V::unpackLo(V::all32(static_cast<int>(colour)));
+    const auto wide = V::all32(static_cast<int>(colour & 0xFFFFFF));
     std::size_t i = 0;
     for (; i + V::kPixels <= count; i += V::kPixels) {
         auto* const at = reinterpret_cast<std::uint8_t*>(pixels + i);
-        V::store(at, fogged<V>(V::load(at), wide, V::spreadBytes(strengths + i)));
+        const auto weights = Channels<V>::of(V::spreadBytes(strengths + i));
+        V::store(at, fogged<V>(V::load(at), wide, weights));
     }
     return i;
 }

@@ -46,8 +46,18 @@ struct Header
     png_uint_32 height = 0;
     int colourType = 0; ///< after palette and transparency are counted in
     int passes = 1;
+    std::size_t storedRowBytes = 0; ///< before palette and transparency are expanded
     std::size_t rowBytes = 0;
 };
+
+/// Deflate never does better than a length of 258 for two bits; a size beyond that is a lie that
+/// would only cost memory.
+bool isPlausible(const Header& header, std::size_t fileBytes)
+{
+    constexpr std::uint64_t kBestRate = 1032;
+    return static_cast<std::uint64_t>(header.storedRowBytes) * header.height <=
+           kBestRate * fileBytes;
+}
 
 // The two functions below hold nothing that a longjmp would leave behind.
 
@@ -59,6 +69,7 @@ bool readHeader(png_structp png, png_infop info, Header& header)
     int bitDepth = 0;
     png_get_IHDR(png, info, &header.width, &header.height, &bitDepth, &header.colourType, nullptr,
                  nullptr, nullptr);
+    header.storedRowBytes = png_get_rowbytes(png, info);
     if (header.colourType == PNG_COLOR_TYPE_PALETTE) {
         png_set_palette_to_rgb(png);
         header.colourType = PNG_COLOR_TYPE_RGB;
@@ -161,8 +172,7 @@ void readPng(ByteSpan bytes, WStringView path, Bitmap& into)
     Source source{bytes, 0};
     png_set_read_fn(png, &source, readFromSpan);
     Header header;
-    if (!readHeader(png, guard.info, header) ||
-        !isPlausibleSize(header.width, header.height, bytes.size()))
+    if (!readHeader(png, guard.info, header) || !isPlausible(header, bytes.size()))
         throw refused;
     const bool grey = header.colourType == PNG_COLOR_TYPE_GRAY;
     if (!grey)
@@ -171,6 +181,8 @@ void readPng(ByteSpan bytes, WStringView path, Bitmap& into)
                      static_cast<int>(std::min<png_uint_32>(header.height, Bitmap::kSideLimit))) ||
         into.isEmpty())
         throw refused;
+    if (grey) // even where an earlier picture left its alpha flag
+        std::memset(into.getBits(), 0, into.byteCount());
     if (!readPixels(png, header, into)) {
         into.clear();
         throw refused;

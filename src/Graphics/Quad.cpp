@@ -34,12 +34,12 @@ std::uint32_t swapRedBlue(std::uint32_t colour)
 /// The colours of one quad's pixels: how a source pixel meets the target pixel below it.
 struct QuadPaint
 {
-    explicit QuadPaint(const Image& source)
+    QuadPaint(const Image& source, const std::optional<Gradation>& gradation)
         : hasAlpha(source.getBitmap().hasAlphaChannel()),
           keyed(!hasAlpha && source.getBitmap().isColorKeyEnabled()),
           key(source.getColorKey() == Bitmap::kNoKey ? Bitmap::kNoKey
                                                      : swapRedBlue(source.getColorKey())),
-          gradation(source.gradation)
+          gradation(gradation)
     {}
 
     void paint(std::uint32_t pixel, int strength, std::uint8_t* target) const
@@ -87,11 +87,7 @@ class QuadRow
         }
         while (!places.empty() && places.back() < 0)
             places = places.first(places.size() - 1);
-        const bool oneRun =
-            std::none_of(places.begin(), places.end(), [](auto p) { return p < 0; });
-        if (oneRun && !paint.hasAlpha)
-            drawRun(places, row, column, out);
-        else
+        if (!isOneRun(places) || !drawRun(places, row, column, out))
             drawPixels(places, row, column, out);
     }
 
@@ -104,20 +100,28 @@ class QuadRow
         return signs >= 0;
     }
 
-    /// A run of a picture without alpha, many pixels at a time.
-    void drawRun(std::span<const std::int32_t> places, int row, int column, std::uint8_t* out)
+    /// A run of opaque pixels, many at a time; false, and nothing is drawn, where one is not.
+    bool drawRun(std::span<const std::int32_t> places, int row, int column, std::uint8_t* out)
     {
-        source.resize(places.size());
-        gatherPixels(pixels, places.data(), source.data(), places.size());
-        const std::vector<std::uint32_t>* colours = &source;
+        source.resize(std::max(source.size(), places.size()));
+        const std::span<std::uint32_t> run(source.data(), places.size());
+        const std::uint32_t common = gatherPixels(pixels, places.data(), run.data(), run.size());
+        if (paint.hasAlpha && common >> 24 != 255)
+            return false;
+        std::span<std::uint32_t> colours = run;
         if (paint.gradation) {
-            fogged = source;
-            applyGradation(*paint.gradation, strengths, row, column, fogged);
-            colours = &fogged;
+            if (paint.keyed) {
+                fogged.assign(run.begin(), run.end());
+                colours = fogged;
+            }
+            applyGradation(*paint.gradation, strengths, row, column, colours);
         }
-        // No colour equals a key with a top byte.
-        copyUnlessKey(paint.keyed ? paint.key : Bitmap::kNoKey, source.data(), colours->data(), out,
-                      places.size());
+        if (paint.hasAlpha)
+            std::memcpy(out, colours.data(), colours.size_bytes());
+        else // no colour equals a key with a top byte
+            copyUnlessKey(paint.keyed ? paint.key : Bitmap::kNoKey, run.data(), colours.data(), out,
+                          run.size());
+        return true;
     }
 
     void drawPixels(std::span<const std::int32_t> places, int row, int column,
@@ -138,7 +142,7 @@ class QuadRow
     const QuadPaint& paint;
     const std::uint8_t* pixels;
     std::vector<std::uint8_t> strengths;
-    std::vector<std::uint32_t> source, fogged; // of the run in hand
+    std::vector<std::uint32_t> source, fogged; // room for a run
 };
 
 QuadCorners relativeTo(const QuadCorners& corners, const Rect& box)
@@ -175,6 +179,12 @@ Rect boundsOf(const QuadCorners& corners)
 
 void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& target)
 {
+    drawImageToQuad(source, source.gradation, corners, target);
+}
+
+void drawImageToQuad(const Image& source, const std::optional<Gradation>& gradation,
+                     const QuadCorners& corners, Bitmap& target)
+{
     const Rect box = boundsOf(corners);
     if (!isDrawable(source, box) || target.isEmpty())
         return;
@@ -185,9 +195,8 @@ void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& ta
     if (firstColumn >= endColumn || firstRow >= endRow)
         return;
 
-    const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
-                              source.getHeight());
-    const QuadPaint paint(source);
+    const QuadMapping mapping(relativeTo(corners, box), box, source.getWidth(), source.getHeight());
+    const QuadPaint paint(source, gradation);
     std::vector<std::int32_t> places(static_cast<std::size_t>(endColumn - firstColumn));
     QuadRow painter(paint, source, box);
     for (int row = firstRow; row < endRow; ++row) {
@@ -208,8 +217,7 @@ Rect createWarpedImage(const Image& source, const QuadCorners& corners, Image& r
     if (source.getColorKey() != Bitmap::kNoKey)
         result.setColorKey(source.getColorKey());
     const std::uint32_t outside = swapRedBlue(source.getColorKey()) & 0xFFFFFF;
-    const QuadMapping mapping(relativeTo(corners, box), box.width, source.getWidth(),
-                              source.getHeight());
+    const QuadMapping mapping(relativeTo(corners, box), box, source.getWidth(), source.getHeight());
     const std::uint8_t* const pixels = source.getBitmap().getBits();
     std::vector<std::int32_t> places(static_cast<std::size_t>(result.getWidth()));
     for (int row = 0; row < result.getHeight(); ++row) {

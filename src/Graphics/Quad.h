@@ -23,6 +23,10 @@ using QuadCorners = std::array<QuadPoint, 4>;
 /// picture with a side below 2 is not drawn.
 void drawImageToQuad(const Image& source, const QuadCorners& corners, Bitmap& target);
 
+/// The same with another gradation than the picture's own.
+void drawImageToQuad(const Image& source, const std::optional<Gradation>& gradation,
+                     const QuadCorners& corners, Bitmap& target);
+
 /// The picture as it lies in the quad, in an image of the quad's box: pixels outside the quad take
 /// the key colour and alpha 0. Key and alpha flag are the source's. Neither gradation nor blending
 /// apply.

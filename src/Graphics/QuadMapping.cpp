@@ -26,7 +26,7 @@ float linearRoot(double b, double c)
 
 } // namespace
 
-QuadMapping::QuadMapping(const QuadCorners& q, int boxWidth, int sourceWidth, int sourceHeight)
+QuadMapping::QuadMapping(const QuadCorners& q, const Rect& box, int sourceWidth, int sourceHeight)
     : origin(q[0]), b(minus(q[3], q[0])), c(minus(q[1], q[0])), width(sourceWidth),
       height(sourceHeight)
 {
@@ -34,19 +34,24 @@ QuadMapping::QuadMapping(const QuadCorners& q, int boxWidth, int sourceWidth, in
     quadratic = a.x * c.y - c.x * a.y;
     shape = Shape::General;
     if (c.x == 0 && a.x == 0 && b.x != 0)
-        shape = Shape::Wall;
+        shape = b.y == 0 && a.y == 0 && c.y != 0 ? Shape::Front : Shape::Wall;
     else if (b.y == 0 && a.y == 0)
         shape = Shape::Floor;
-    if (shape == Shape::Wall)
-        prepareColumns(boxWidth);
+    if (shape == Shape::Wall || shape == Shape::Front)
+        prepareColumns(box);
 }
 
-void QuadMapping::prepareColumns(int boxWidth)
+void QuadMapping::prepareColumns(const Rect& box)
 {
-    const auto columns = static_cast<std::size_t>(std::max(0, boxWidth));
+    const auto columns = static_cast<std::size_t>(std::max(0, box.width));
     sourceColumns.resize(columns);
     linearParts.resize(columns);
     constantParts.resize(columns);
+    scales.resize(columns);
+    offsets.resize(columns);
+    margins.resize(columns);
+    // The largest rowConstant there can be.
+    const double reach = std::abs(b.x) * (std::abs(origin.y) + std::max(0, box.height));
     for (std::size_t i = 0; i < columns; ++i) {
         const double dx = static_cast<int>(i) - origin.x;
         const double x = (width - 1) * (dx / b.x);
@@ -54,6 +59,12 @@ void QuadMapping::prepareColumns(int boxWidth)
         const double linear = b.x * c.y + dx * a.y;
         linearParts[i] = linear == 0 ? kNoLinear : static_cast<float>(linear);
         constantParts[i] = dx * b.y;
+        const double scale = (height - 1) / static_cast<double>(linearParts[i]);
+        const double offset = -constantParts[i] * scale;
+        scales[i] = static_cast<float>(scale);
+        offsets[i] = static_cast<float>(offset);
+        margins[i] = static_cast<float>((std::abs(scale) * reach + std::abs(offset) + height) *
+                                        quadrows::kRounding);
     }
 }
 
@@ -97,6 +108,9 @@ void QuadMapping::mapWallRow(double dy, int first, std::span<std::int32_t> out) 
     quadrows::wallRow({.linear = linearParts.data() + from,
                        .constant = constantParts.data() + from,
                        .columns = sourceColumns.data() + from,
+                       .scale = scales.data() + from,
+                       .offset = offsets.data() + from,
+                       .margin = margins.data() + from,
                        .rowConstant = b.x * dy,
                        .width = width,
                        .height = height},
@@ -131,10 +145,31 @@ void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out)
                        out);
 }
 
+std::optional<std::int32_t> QuadMapping::levelRow(int row) const
+{
+    if (shape != Shape::Front)
+        return std::nullopt;
+    const double dy = row - origin.y;
+    const double y = (height - 1) * static_cast<double>(linearRoot(b.x * c.y, -(b.x * dy)));
+    return y >= 0 && y < height ? static_cast<std::int32_t>(y) : -1;
+}
+
+void QuadMapping::mapFrontRow(int row, int first, std::span<std::int32_t> out) const
+{
+    const std::int32_t y = *levelRow(row);
+    const std::int32_t* const columns = sourceColumns.data() + first;
+    const std::int32_t start = y * width;
+    for (std::size_t i = 0; i < out.size(); ++i)
+        out[i] = y < 0 || columns[i] < 0 ? -1 : start + columns[i];
+}
+
 void QuadMapping::mapRow(int row, int first, std::span<std::int32_t> out) const
 {
     const double dy = row - origin.y;
     switch (shape) {
+    case Shape::Front:
+        mapFrontRow(row, first, out);
+        break;
     case Shape::Wall:
         mapWallRow(dy, first, out);
         break;

@@ -3,6 +3,7 @@
 #include "Graphics/Quad.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -11,18 +12,22 @@ namespace varn {
 /// Where the pixels of one box row lie in the picture, as pixel indices: y * width + x, or -1
 /// outside.
 ///
-/// The general form solves the quadratic for every pixel. Two shapes are simpler, and give the very
-/// same results: upright walls, whose sides are vertical (u belongs to the column, v needs one
-/// division a pixel), and flat floors, whose near and far edges are level (v belongs to the row).
+/// The general form solves the quadratic for every pixel. Some shapes are simpler, and give the
+/// very same results: upright walls, whose sides are vertical (u belongs to the column, v is a line
+/// over the rows), walls that face the viewer (v belongs to the row too), and flat floors, whose
+/// near and far edges are level (v belongs to the row, u is a line over the columns).
 class QuadMapping
 {
   public:
     /// @param corners  relative to the box
-    QuadMapping(const QuadCorners& corners, int boxWidth, int sourceWidth, int sourceHeight);
+    QuadMapping(const QuadCorners& corners, const Rect& box, int sourceWidth, int sourceHeight);
 
     /// @param first  first column of the box wanted; all wanted columns lie in the box
     /// @param out    output, a pixel index a column
     void mapRow(int row, int first, std::span<std::int32_t> out) const;
+    /// The picture's row that lies all along a row of the box, where there is one: a wall that
+    /// faces the viewer. Rows of the box with the same one are the same. -1 outside.
+    std::optional<std::int32_t> levelRow(int row) const;
     /// One pixel at a time, by the general form: what `mapRow` is held to.
     void mapRowPlain(int row, int first, std::span<std::int32_t> out) const;
 
@@ -31,13 +36,15 @@ class QuadMapping
     {
         General,
         Wall,
+        Front, ///< a wall whose upper and lower edges are level: the picture scaled
         Floor
     };
 
     std::int32_t indexOf(double u, double v) const;
     std::int32_t solve(double dx, double dy) const;
-    void prepareColumns(int boxWidth);
+    void prepareColumns(const Rect& box);
     void mapWallRow(double dy, int first, std::span<std::int32_t> out) const;
+    void mapFrontRow(int row, int first, std::span<std::int32_t> out) const;
     void mapFloorRow(double dy, int first, std::span<std::int32_t> out) const;
 
     QuadPoint origin, a, b, c;
@@ -49,6 +56,7 @@ class QuadMapping
     std::vector<std::int32_t> sourceColumns;
     std::vector<float> linearParts;
     std::vector<double> constantParts;
+    std::vector<float> scales, offsets, margins; ///< as in quadrows::WallRow
 };
 
 } // namespace varn

@@ -3,95 +3,106 @@
 
 #include "Graphics/QuadRows.h"
 
+#include <cmath>
 #include <immintrin.h>
 
 namespace varn::quadrows {
 
 namespace {
 
-/// Indices of four places along one axis: the truncated value, or all ones where it is not in 0 to
-/// below `size`.
-__m128i indicesOf(__m256d place, __m256d size)
+constexpr std::size_t kLanes = 8;
+
+/// Places along one axis in single precision, and whether any of them lies so near to a whole
+/// number that its truncation is not sure.
+struct Guess
 {
-    const __m256d inside = _mm256_and_pd(_mm256_cmp_pd(place, _mm256_setzero_pd(), _CMP_GE_OQ),
-                                         _mm256_cmp_pd(place, size, _CMP_LT_OQ));
-    // Truncation of an outside place may give anything; the mask then covers it.
-    const __m128i index = _mm256_cvttpd_epi32(place);
-    const __m256i wide = _mm256_castpd_si256(inside);
-    const __m128i mask =
-        _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(_mm256_castsi256_si128(wide)),
-                                        _mm_castsi128_ps(_mm256_extracti128_si256(wide, 1)), 0x88));
-    return _mm_or_si128(index, _mm_xor_si128(mask, _mm_set1_epi32(-1)));
+    __m256i index;
+    __m256 inside;
+    bool isSure;
+};
+
+Guess guess(__m256 place, __m256 margin, __m256 size)
+{
+    const __m256 whole = _mm256_round_ps(place, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    const __m256 off = _mm256_andnot_ps(_mm256_set1_ps(-0.0F), _mm256_sub_ps(place, whole));
+    // Also unsure where the place is no number.
+    const __m256 sure = _mm256_cmp_ps(off, margin, _CMP_GE_OQ);
+    const __m256 inside = _mm256_and_ps(_mm256_cmp_ps(place, _mm256_setzero_ps(), _CMP_GE_OQ),
+                                        _mm256_cmp_ps(place, size, _CMP_LT_OQ));
+    return {_mm256_cvttps_epi32(place), inside, _mm256_movemask_ps(sure) == 0xFF};
 }
 
-__m128 negatedSingle(const double* constant, __m256d rowConstant)
+void store(std::int32_t* out, __m256i index, __m256 inside)
 {
-    const __m256d difference = _mm256_sub_pd(_mm256_loadu_pd(constant), rowConstant);
-    return _mm256_cvtpd_ps(_mm256_xor_pd(difference, _mm256_set1_pd(-0.0)));
+    const __m256i outside = _mm256_xor_si256(_mm256_castps_si256(inside), _mm256_set1_epi32(-1));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm256_or_si256(index, outside));
 }
 
-/// trunc(last * v) of eight values in double precision.
-__m256i scaledIndices(__m256 v, __m256d last)
+WallRow from(const WallRow& row, std::size_t i)
 {
-    const __m256d low = _mm256_mul_pd(last, _mm256_cvtps_pd(_mm256_castps256_ps128(v)));
-    const __m256d high = _mm256_mul_pd(last, _mm256_cvtps_pd(_mm256_extractf128_ps(v, 1)));
-    return _mm256_set_m128i(_mm256_cvttpd_epi32(high), _mm256_cvttpd_epi32(low));
+    WallRow rest = row;
+    rest.linear += i;
+    rest.constant += i;
+    rest.columns += i;
+    rest.scale += i;
+    rest.offset += i;
+    rest.margin += i;
+    return rest;
+}
+
+FloorRow from(const FloorRow& row, std::size_t i)
+{
+    FloorRow rest = row;
+    rest.index += static_cast<int>(i);
+    return rest;
 }
 
 } // namespace
 
 void wallRowAvx2(const WallRow& row, std::span<std::int32_t> out)
 {
-    const __m256d rowConstant = _mm256_set1_pd(row.rowConstant);
-    const __m256d last = _mm256_set1_pd(row.height - 1);
-    const __m256i stride = _mm256_set1_epi32(row.width), height = _mm256_set1_epi32(row.height);
+    const __m256 rowConstant = _mm256_set1_ps(static_cast<float>(row.rowConstant));
+    const __m256 height = _mm256_set1_ps(static_cast<float>(row.height));
+    const __m256i stride = _mm256_set1_epi32(row.width);
     std::size_t i = 0;
-    for (; i + 8 <= out.size(); i += 8) {
-        const __m256 constant = _mm256_set_m128(negatedSingle(row.constant + i + 4, rowConstant),
-                                                negatedSingle(row.constant + i, rowConstant));
-        const __m256 v = _mm256_div_ps(constant, _mm256_loadu_ps(row.linear + i));
-        const __m256i y = scaledIndices(v, last);
+    for (; i + kLanes <= out.size(); i += kLanes) {
+        const __m256 y = _mm256_add_ps(_mm256_mul_ps(rowConstant, _mm256_loadu_ps(row.scale + i)),
+                                       _mm256_loadu_ps(row.offset + i));
+        const Guess at = guess(y, _mm256_loadu_ps(row.margin + i), height);
+        if (!at.isSure) {
+            wallRowPlain(from(row, i), out.subspan(i, kLanes));
+            continue;
+        }
         const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(row.columns + i));
-        const __m256i index = _mm256_add_epi32(_mm256_mullo_epi32(y, stride), x);
-        // A place is not negative where v is not; what is too large truncates to `height` or more,
-        // or to the most negative number.
-        const __m256 notNegative = _mm256_cmp_ps(v, _mm256_setzero_ps(), _CMP_GE_OQ);
-        const __m256i below =
-            _mm256_andnot_si256(_mm256_srai_epi32(y, 31), _mm256_cmpgt_epi32(height, y));
-        const __m256i inside = _mm256_andnot_si256(
-            _mm256_srai_epi32(x, 31), _mm256_and_si256(below, _mm256_castps_si256(notNegative)));
-        const __m256i outside = _mm256_xor_si256(inside, _mm256_set1_epi32(-1));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out.data() + i),
-                            _mm256_or_si256(index, outside));
+        const __m256i index = _mm256_add_epi32(_mm256_mullo_epi32(at.index, stride), x);
+        // A column outside the picture is all ones.
+        store(out.data() + i, _mm256_or_si256(index, _mm256_srai_epi32(x, 31)), at.inside);
     }
-    const WallRow rest{.linear = row.linear + i,
-                       .constant = row.constant + i,
-                       .columns = row.columns + i,
-                       .rowConstant = row.rowConstant,
-                       .width = row.width,
-                       .height = row.height};
-    wallRowPlain(rest, out.subspan(i));
+    wallRowPlain(from(row, i), out.subspan(i));
 }
 
 void floorRowAvx2(const FloorRow& row, std::span<std::int32_t> out)
 {
-    const __m256d shift = _mm256_set1_pd(row.shift), divisor = _mm256_set1_pd(row.divisor);
-    const __m256d last = _mm256_set1_pd(row.width - 1), size = _mm256_set1_pd(row.width);
-    const __m128i start = _mm_set1_epi32(row.rowStart);
+    const double step = (row.width - 1) / row.divisor;
+    const double start = (row.first + row.index - row.shift) * step;
+    const double largest =
+        std::abs(step) * static_cast<double>(out.size()) + std::abs(start) + row.width;
+    const __m256 steps = _mm256_set1_ps(static_cast<float>(step));
+    const __m256 starts = _mm256_set1_ps(static_cast<float>(start));
+    const __m256 margin = _mm256_set1_ps(static_cast<float>(largest * kRounding));
+    const __m256 width = _mm256_set1_ps(static_cast<float>(row.width));
+    const __m256i rowStart = _mm256_set1_epi32(row.rowStart);
+    __m256 column = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
     std::size_t i = 0;
-    for (; i + 4 <= out.size(); i += 4) {
-        const __m256d steps = _mm256_cvtepi32_pd(_mm_add_epi32(
-            _mm_set1_epi32(row.index + static_cast<int>(i)), _mm_setr_epi32(0, 1, 2, 3)));
-        const __m256d dx = _mm256_add_pd(_mm256_set1_pd(row.first), steps);
-        const __m256d u = _mm256_div_pd(_mm256_sub_pd(dx, shift), divisor);
-        const __m128i x = indicesOf(_mm256_mul_pd(last, u), size);
-        const __m128i outside = _mm_srai_epi32(x, 31);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.data() + i),
-                         _mm_or_si128(_mm_add_epi32(x, start), outside));
+    for (; i + kLanes <= out.size(); i += kLanes) {
+        const Guess at = guess(_mm256_add_ps(_mm256_mul_ps(column, steps), starts), margin, width);
+        if (at.isSure)
+            store(out.data() + i, _mm256_add_epi32(at.index, rowStart), at.inside);
+        else
+            floorRowPlain(from(row, i), out.subspan(i, kLanes));
+        column = _mm256_add_ps(column, _mm256_set1_ps(kLanes));
     }
-    FloorRow rest = row;
-    rest.index += static_cast<int>(i);
-    floorRowPlain(rest, out.subspan(i));
+    floorRowPlain(from(row, i), out.subspan(i));
 }
 
 } // namespace varn::quadrows

@@ -49,10 +49,9 @@ class Session
         painter.setBrush(style.filled ? QBrush(toQt(style.fill)) : QBrush(Qt::NoBrush));
         painter.setPen(style.outlined ? pen(style.pen, style.penWidth) : QPen(Qt::NoPen));
     }
-    static QPen pen(std::uint32_t colour, int width)
+    static QPen pen(std::uint32_t colour, int width, Qt::PenCapStyle cap = Qt::FlatCap)
     {
-        return QPen(QBrush(toQt(colour)), std::max(1, width), Qt::SolidLine, Qt::FlatCap,
-                    Qt::MiterJoin);
+        return QPen(QBrush(toQt(colour)), std::max(1, width), Qt::SolidLine, cap, Qt::MiterJoin);
     }
 
   private:
@@ -83,7 +82,9 @@ class QtRaster : public Raster
     void drawLine(Bitmap& target, Point from, Point to, std::uint32_t colour, int penWidth) override
     {
         Session session(target);
-        session.painter.setPen(Session::pen(colour, penWidth));
+        // A flat cap would leave out the end point of a thin line.
+        session.painter.setPen(
+            Session::pen(colour, penWidth, penWidth > 1 ? Qt::RoundCap : Qt::SquareCap));
         session.painter.drawLine(from.x, from.y, to.x, to.y);
     }
 

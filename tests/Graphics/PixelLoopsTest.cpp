@@ -66,6 +66,9 @@ TEST(PixelLoops, FogAndKeyedCopyAgreeToo)
         fogRowAcross(colour, strengths.data(), fast.data(), count);
         fogRowAcrossPlain(colour, strengths.data(), plain.data(), count);
         ASSERT_EQ(fast, plain) << "fog, round " << round;
+        fogRow(colour, strengths[0], fast.data(), count);
+        fogRowPlain(colour, strengths[0], plain.data(), count);
+        ASSERT_EQ(fast, plain) << "even fog, round " << round;
         Bytes fastTarget(count * 4 + 4, 9), plainTarget = fastTarget;
         copyUnlessKey(source[0] & 0xFFFFFF, source.data(), fast.data(), fastTarget.data(), count);
         copyUnlessKeyPlain(source[0] & 0xFFFFFF, source.data(), fast.data(), plainTarget.data(),

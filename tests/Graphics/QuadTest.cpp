@@ -28,7 +28,7 @@ const QuadCase kQuadCases[] = {
 TEST(QuadMapping, ShortFormsGiveTheGeneralOnesPlaces)
 {
     for (const QuadCase& c : kQuadCases) {
-        const QuadMapping mapping(c.corners, c.width, 64, 48);
+        const QuadMapping mapping(c.corners, {0, 0, c.width, c.height}, 64, 48);
         std::vector<std::int32_t> fast(static_cast<std::size_t>(c.width)), plain(fast);
         std::size_t inside = 0;
         for (int row = 0; row < c.height; ++row) {
@@ -45,25 +45,30 @@ TEST(QuadMapping, ShortFormsGiveTheGeneralOnesPlaces)
 TEST(QuadMapping, RandomWallsAndFloorsAgreeToo)
 {
     std::mt19937 random(11);
-    const auto pick = [&](int most) {
-        return static_cast<double>(random() % static_cast<unsigned>(most));
-    };
-    for (int round = 0; round < 300; ++round) {
+    // Whole numbers meet the exact boundaries of pixels, quarters the places between them.
+    const auto pick = [&](unsigned most) { return static_cast<double>(random() % (most * 4)) / 4; };
+    const auto whole = [&](unsigned most) { return static_cast<double>(random() % most); };
+    for (int round = 0; round < 3000; ++round) {
         QuadCorners corners;
-        if (round % 2) {
-            const double right = pick(90);
-            corners = {
-                {{0, pick(60)}, {0, 60 + pick(60)}, {right, 60 + pick(60)}, {right, pick(60)}}};
-        } else {
-            const double bottom = pick(60);
-            corners = {
-                {{pick(60), 0}, {pick(60), bottom}, {60 + pick(60), bottom}, {60 + pick(60), 0}}};
+        const double near = round % 2 ? pick(60) : whole(60),
+                     far = round % 2 ? pick(60) : whole(60);
+        const double end = round % 2 ? pick(90) : whole(90);
+        switch (round % 3) {
+        case 0: // a wall to the side
+            corners = {{{0, near}, {0, 60 + whole(60)}, {end, 60 + far}, {end, whole(60)}}};
+            break;
+        case 1: // a wall ahead
+            corners = {{{0, near}, {0, near + far}, {end, near + far}, {end, near}}};
+            break;
+        default:
+            corners = {{{near, 0}, {far, end}, {60 + whole(60), end}, {60 + pick(60), 0}}};
         }
-        const QuadMapping mapping(corners, 120, 31, 77);
-        std::vector<std::int32_t> fast(120), plain(120);
-        for (int row = 0; row < 120; row += 7) {
-            mapping.mapRow(row, 3, std::span(fast).first(117));
-            mapping.mapRowPlain(row, 3, std::span(plain).first(117));
+        const int width = 2 + static_cast<int>(random() % 700);
+        const QuadMapping mapping(corners, {0, 0, 120, 120}, width, 2 + round % 600);
+        std::vector<std::int32_t> fast(117), plain(117);
+        for (int row = round % 7; row < 120; row += 7) {
+            mapping.mapRow(row, 3, fast);
+            mapping.mapRowPlain(row, 3, plain);
             ASSERT_EQ(fast, plain) << "round " << round << ", row " << row;
         }
     }

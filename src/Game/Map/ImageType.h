@@ -18,8 +18,8 @@ enum class ImageType : int
     Door = 18,
     BackgroundNorth = 19, ///< the background as seen facing that way
     BackgroundEast = 20,
-    BackgroundSouth = 21,
-    BackgroundWest = 22,
+    BackgroundWest = 21,
+    BackgroundSouth = 22,
 };
 
 inline constexpr int kFirstImageType = 10;

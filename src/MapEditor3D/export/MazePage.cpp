@@ -101,7 +101,7 @@ WizMap& loadMap(WizMap& map, WStringView name)
 
 std::string pictureOf(const WizMap& map)
 {
-    WizMapImage images;
+    WizMapImage images(MapPictures::Plan);
     images.update(map);
     Graphics surface;
     drawMapPicture(surface, map, images);
@@ -169,7 +169,7 @@ class PageBody
                 u"px;' href='#' onclick='showEvent(\"event" + number(nextEvent++) + u"\");";
         if (const auto target = warpTarget(event))
             body +=
-                u" showWarp(this, " + toDecimal(target->x) + u", " + toDecimal(target->y) + u");";
+                u"showWarp(this, " + toDecimal(target->x) + u", " + toDecimal(target->y) + u");";
         body += u" return false;'></a>\r\n";
     }
 

@@ -33,7 +33,7 @@ struct PhotoOptions
     int offsetY = kPhotoOffsetY.fallback;
     int wallThickness = kPhotoThickness.fallback;
     std::uint32_t backgroundColour = 0xFFFFFF; ///< 0xRRGGBB, as the masked ones
-    std::vector<std::uint32_t> maskedColours;
+    std::vector<std::uint32_t> maskedColours = {};
 
     /// The numbers as last used, each brought into its bounds.
     static PhotoOptions fromSettings(const Settings& settings);

@@ -3,9 +3,11 @@
 #include "Game/Database/WizFloor.h"
 #include "Game/Map/GameResourceManager.h"
 #include "Graphics/Blit.h"
+#include "Graphics/PixelLoops.h"
 #include "Util/FileLogger.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace varn {
 
@@ -27,6 +29,12 @@ ImageType backgroundFacing(Direction facing)
     default:
         return ImageType::Background;
     }
+}
+
+std::uint32_t pixelOrderOf(std::uint32_t colourReference)
+{
+    return (colourReference & 0xFF00) | (colourReference & 0xFF) << 16 |
+           (colourReference >> 16 & 0xFF);
 }
 
 /// The largest part of a picture, from its middle, that has the view's shape.
@@ -51,8 +59,14 @@ void DungeonView::setBackBufferSize(int width, int height)
         return;
     FileLogger::instance().write(u"Map3D.setBackBufferSize: W:" + toDecimal(width) + u", H:" +
                                  toDecimal(height));
+    resize(width, height);
+}
+
+void DungeonView::resize(int width, int height)
+{
     viewBuffer.setSize(width, height);
     floorCeilingBuffer.setSize(width, height);
+    backdrop.setSize(width, height);
     kept = {};
 }
 
@@ -65,11 +79,6 @@ void DungeonView::reloadImages()
 ViewGeometry DungeonView::geometry() const
 {
     return ViewGeometry({0, 0, viewBuffer.getWidth(), viewBuffer.getHeight()}, map.eyeHeight);
-}
-
-bool DungeonView::isVeiled(const Scene& scene) const
-{
-    return isDark(map, wrapped(map, scene.viewer.x, scene.viewer.y));
 }
 
 std::optional<DungeonView::FogEdges> DungeonView::fogAt(int distance) const
@@ -101,19 +110,25 @@ void DungeonView::drawView(Graphics& target, const Rect& place, const Viewpoint&
                            Mirror mirror)
 {
     setBackBufferSize(place.width, place.height);
-    const Scene scene{
-        viewer, std::clamp(static_cast<int>(map.getVisibleDistance()), 0, kMaxDistance), mirror};
+    const Scene scene{viewer,
+                      std::clamp(static_cast<int>(map.getVisibleDistance()), 0, kMaxDistance),
+                      mirror, CellEvents(map)};
     const Kept wanted{scene.visibleDistance, map.getFogStep(), map.eyeHeight, map.fogColor,
                       map.fogEnabled};
     if (images.update(map) || wanted != kept) {
         stock.clear();
+        backdropKept = {};
         paintFloorAndCeiling(scene.visibleDistance);
         kept = wanted;
     }
+    // Where the view is all of the target, it is painted there: the buffer would be one copy more.
+    const Rect whole(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
+    const bool direct = mirror == Mirror::Off && place == whole && target.getBounds() == whole;
+    canvas = direct ? &target.getBitmap() : &viewBuffer.getBitmap();
     paint(scene);
-
+    if (direct)
+        return;
     viewBuffer.getBitmap().setColorKeyEnabled(false);
-    const Rect whole(0, 0, place.width, place.height);
     const Rect onto = mirror == Mirror::On
                           ? Rect(place.x + place.width - 1, place.y, -place.width, place.height)
                           : Rect(place.x, place.y, place.width, place.height);
@@ -122,39 +137,53 @@ void DungeonView::drawView(Graphics& target, const Rect& place, const Viewpoint&
 
 void DungeonView::paint(const Scene& scene)
 {
-    const Rect whole(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
-    viewBuffer.fillRect(whole, 0, 255);
-    const bool veiled = isVeiled(scene);
-    if (veiled && !(map.light.active && map.light.power < 255))
+    const bool veiled = scene.events.isDark(wrapped(map, scene.viewer.x, scene.viewer.y));
+    if (veiled && !(map.light.active && map.light.power < 255)) {
+        std::memset(canvas->getBits(), 0, canvas->byteCount());
         return;
-    paintBackground(scene);
-    if (images.find(ImageType::Floor) || images.find(ImageType::Ceiling))
-        blitImage(viewBuffer.getBitmap(), floorCeilingBuffer.getImage(), whole, whole);
-    const std::vector<SeenCell> seen = walkView(map, scene.viewer, scene.visibleDistance);
+    }
+    paintBackdrop(scene);
+    const std::vector<SeenCell> seen =
+        walkView(map, scene.events, scene.viewer, scene.visibleDistance);
     for (auto cell = seen.rbegin(); cell != seen.rend(); ++cell)
         paintCell(scene, *cell);
     if (veiled)
-        viewBuffer.fillRect(whole, map.fogColor, static_cast<std::uint8_t>(255 - map.light.power));
+        for (int y = 0; y < canvas->getHeight(); ++y)
+            blendColour(pixelOrderOf(map.fogColor),
+                        static_cast<std::uint8_t>(255 - map.light.power),
+                        canvas->getBits() + static_cast<std::size_t>(y) *
+                                                static_cast<std::size_t>(canvas->getStride()),
+                        static_cast<std::size_t>(canvas->getWidth()));
 }
 
-void DungeonView::paintBackground(const Scene& scene)
+void DungeonView::paintBackdrop(const Scene& scene)
 {
     const ImageType facing = backgroundFacing(scene.viewer.facing);
     const ImageType type = images.find(facing) ? facing : ImageType::Background;
-    const Image* const picture = images.find(type);
-    if (!picture)
-        return;
-    const auto* const entry =
-        dynamic_cast<const ImageResourceItem*>(GameResourceManager::instance().findByPath(
-            ResourceCategory::Background, map.getImageName(type)));
-    const Rect view(0, 0, viewBuffer.getWidth(), viewBuffer.getHeight());
-    const Rect source =
-        entry && entry->scalingType ? fittedTo(*picture, view) : picture->getBounds();
+    const Image* const background = images.find(type);
+    const auto* const entry = dynamic_cast<const ImageResourceItem*>(
+        background ? GameResourceManager::instance().findByPath(ResourceCategory::Background,
+                                                                map.getImageName(type))
+                   : nullptr);
+    const Rect whole(0, 0, canvas->getWidth(), canvas->getHeight());
+    const Rect source = entry && entry->scalingType ? fittedTo(*background, whole)
+                        : background                ? background->getBounds()
+                                                    : Rect();
     // The finished picture is mirrored as a whole: what must not flip is mirrored here already.
-    const bool flips = entry && entry->movementType;
-    const bool mirroredHere = scene.mirror == Mirror::On && !flips;
-    blitImage(viewBuffer.getBitmap(), *picture,
-              mirroredHere ? Rect(view.width - 1, 0, -view.width, view.height) : view, source);
+    const bool mirrored = scene.mirror == Mirror::On && !(entry && entry->movementType);
+    const Backdrop wanted{true, background, source, background && mirrored};
+    if (wanted != backdropKept) {
+        Bitmap& into = backdrop.getBitmap();
+        std::memset(into.getBits(), 0, into.byteCount());
+        if (background)
+            blitImage(into, *background,
+                      mirrored ? Rect(whole.width - 1, 0, -whole.width, whole.height) : whole,
+                      source);
+        if (images.find(ImageType::Floor) || images.find(ImageType::Ceiling))
+            blitImage(into, floorCeilingBuffer.getImage(), whole, whole);
+        backdropKept = wanted;
+    }
+    std::memcpy(canvas->getBits(), backdrop.getBitmap().getBits(), canvas->byteCount());
 }
 
 void DungeonView::paintFloorAndCeiling(int visibleDistance)
@@ -166,18 +195,22 @@ void DungeonView::paintFloorAndCeiling(int visibleDistance)
         const Image* const picture = images.find(type);
         if (!picture)
             continue;
-        Image tile(*picture);
+        const auto lay = [&](ViewPlace place, const std::optional<Gradation>& fog) {
+            drawImageToQuad(*picture, fog,
+                            type == ImageType::Floor ? quads.floor(place) : quads.ceiling(place),
+                            floorCeilingBuffer.getBitmap());
+        };
         for (int distance = 0; distance <= visibleDistance; ++distance) {
-            tile.gradation.reset();
+            std::optional<Gradation> gradation;
             if (const auto fog = fogAt(distance))
-                tile.gradation = type == ImageType::Floor
-                                     ? Gradation{map.fogColor, fog->far, fog->near, false}
-                                     : Gradation{map.fogColor, fog->near, fog->far, false};
-            const int widest = kMaxLateral[static_cast<std::size_t>(distance)];
-            for (int lateral = -widest; lateral <= widest; ++lateral) {
-                const ViewPlace place{lateral, distance};
-                floorCeilingBuffer.drawImageToQuad(
-                    tile, type == ImageType::Floor ? quads.floor(place) : quads.ceiling(place));
+                gradation = type == ImageType::Floor
+                                ? Gradation{map.fogColor, fog->far, fog->near, false}
+                                : Gradation{map.fogColor, fog->near, fog->far, false};
+            lay({0, distance}, gradation);
+            for (int lateral = 1; lateral <= kMaxLateral[static_cast<std::size_t>(distance)];
+                 ++lateral) {
+                lay({lateral, distance}, gradation);
+                lay({-lateral, distance}, gradation);
             }
         }
     }
@@ -234,64 +267,61 @@ void DungeonView::paintPiece(const Image& picture, ViewPlace place, ViewSide sid
                              const QuadCorners& quad)
 {
     const auto fog = fogOnWall(place, side);
-    const StockKey key{&picture,
-                       static_cast<std::int8_t>(place.lateral),
-                       static_cast<std::int8_t>(place.distance),
-                       static_cast<std::int8_t>(side),
-                       fog.has_value(),
-                       fog.value_or(Gradation{})};
+    const StockKey key{&picture, static_cast<std::int8_t>(place.lateral),
+                       static_cast<std::int8_t>(place.distance), static_cast<std::int8_t>(side),
+                       fog};
     const StockImage* piece = stock.find(key);
     if (!piece)
-        piece = &stock.add(key, StockImage(picture, fog, quad, geometry().getView()));
-    piece->draw(viewBuffer.getBitmap());
+        piece = &stock.add(key, quad, geometry().getView());
+    piece->draw(*canvas);
 }
 
 void DungeonView::paintEvents(const Scene& scene, const SeenCell& seen, DisplayPosition position)
 {
-    const WizFloorList& types = WizFloorList::instance();
-    for (const auto& event : map.events.list()) {
-        const bool known = event->type >= 0 && static_cast<std::size_t>(event->type) < types.size();
-        if (event->x != seen.cell.x || event->y != seen.cell.y || !known)
-            continue;
-        const WizFloorData& type = types.at(static_cast<std::size_t>(event->type));
+    scene.events.visit(seen.cell, [&](const GameEvent& event, const WizFloorData& type) {
         const std::int32_t stands =
-            event->priority >= 0 ? event->priority : type.getDisplayPosition();
+            event.priority >= 0 ? event.priority : type.getDisplayPosition();
         if (stands != static_cast<std::int32_t>(position) || !type.getVisibility3D())
-            continue;
+            return;
         if (const Image* const texture = images.texture(type.getTexture()))
-            paintTexture(*texture, scene, seen.place, position, event->direction);
-    }
+            paintTexture(*texture, scene, seen.place, position, event.direction);
+    });
 }
 
 void DungeonView::paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
                                DisplayPosition position, Direction facing)
 {
-    Image picture(texture);
+    std::optional<Gradation> fogged;
     if (const auto fog = fogAt(place.distance))
-        picture.gradation = Gradation{map.fogColor, fog->near, fog->near, false};
+        fogged = Gradation{map.fogColor, fog->near, fog->near, false};
+    const auto lay = [&](const QuadCorners& quad) {
+        drawImageToQuad(texture, fogged, quad, *canvas);
+    };
     const ViewGeometry quads = geometry();
+    // What faces nowhere covers its tile: a pit is as large as the cell.
+    const bool faces = facing.dx() != 0 || facing.dy() != 0;
     switch (position) {
     case DisplayPosition::Floor:
-        viewBuffer.drawImageToQuad(picture, quads.flatFloor(place));
+        lay(faces ? quads.flatFloor(place) : quads.floor(place));
         break;
     case DisplayPosition::Ceiling:
-        viewBuffer.drawImageToQuad(picture, quads.flatCeiling(place));
+        lay(faces ? quads.flatCeiling(place) : quads.ceiling(place));
         break;
     case DisplayPosition::Wall:
         for (const ViewSide side : kSidesInPaintOrder)
             if (sideOf(scene.viewer.facing, side) == facing)
                 if (const auto quad = quads.onWall(place, side))
-                    viewBuffer.drawImageToQuad(picture, *quad);
+                    lay(*quad);
         break;
     case DisplayPosition::Default:
-        viewBuffer.drawImageToQuad(picture, quads.upright(place));
+        lay(quads.upright(place));
         break;
     }
 }
 
 void DungeonView::fillQuad(const QuadCorners& quad, std::uint32_t colour)
 {
-    fillConvexQuad(viewBuffer.getBitmap(), quad, colour);
+    fillConvexQuad(*canvas, quad, colour);
 }
 
 } // namespace varn

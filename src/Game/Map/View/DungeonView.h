@@ -23,7 +23,7 @@ class DungeonView
     /// A buffer side is at most this.
     static constexpr int kSideLimit = 4096;
 
-    explicit DungeonView(const WizMap& map) : map(map) { setBackBufferSize(320, 240); }
+    explicit DungeonView(const WizMap& map) : map(map) { resize(320, 240); }
 
     /// Sides from 1 to 4096; another size empties what is kept.
     void setBackBufferSize(int width, int height);
@@ -34,13 +34,9 @@ class DungeonView
 
     /// Paints the view from a cell at (x, y) of the target. The buffer takes the given size.
     /// @param mirror  mirrors the whole picture left to right, the background only where its entry
-    /// in
-    ///                the resource catalogue says that it flips
+    ///                in the resource catalogue says that it flips
     void drawView(Graphics& target, const Rect& place, const Viewpoint& viewer,
                   Mirror mirror = Mirror::Off);
-
-    /// The finished buffer of the last drawing, unmirrored.
-    const Bitmap& getBuffer() const { return viewBuffer.getBitmap(); }
 
   private:
     /// What one drawing holds fixed.
@@ -49,10 +45,13 @@ class DungeonView
         Viewpoint viewer;
         int visibleDistance;
         Mirror mirror;
+        CellEvents events;
     };
 
+    void resize(int width, int height);
+
     void paint(const Scene& scene);
-    void paintBackground(const Scene& scene);
+    void paintBackdrop(const Scene& scene);
     void paintFloorAndCeiling(int visibleDistance);
     void paintCell(const Scene& scene, const SeenCell& seen);
     void paintDark(const SeenCell& seen);
@@ -62,7 +61,6 @@ class DungeonView
     void paintTexture(const Image& texture, const Scene& scene, ViewPlace place,
                       DisplayPosition position, Direction facing);
     void fillQuad(const QuadCorners& quad, std::uint32_t colour);
-    bool isVeiled(const Scene& scene) const;
 
     /// The fog on a piece: strengths at the near and the far edge of its distance; nothing without
     /// fog.
@@ -75,9 +73,11 @@ class DungeonView
     ViewGeometry geometry() const;
 
     const WizMap& map;
-    WizMapImage images;
+    WizMapImage images{MapPictures::View};
     Graphics viewBuffer;
     Graphics floorCeilingBuffer; ///< with alpha: what no tile covers shows the background
+    Graphics backdrop;           ///< all that lies behind the cells
+    Bitmap* canvas = nullptr;    ///< what is painted on during a drawing
     StockImageContainer stock;
 
     /// What the kept pieces were made for.
@@ -89,6 +89,17 @@ class DungeonView
         bool operator==(const Kept&) const = default;
     };
     Kept kept;
+
+    /// What the backdrop was made for, beside what the pieces were.
+    struct Backdrop
+    {
+        bool made = false;
+        const Image* background = nullptr;
+        Rect source;
+        bool mirrored = false;
+        bool operator==(const Backdrop&) const = default;
+    };
+    Backdrop backdropKept;
 };
 
 } // namespace varn

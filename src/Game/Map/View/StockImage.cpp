@@ -18,8 +18,24 @@ std::uint32_t toPixelOrder(std::uint32_t colourReference)
 
 } // namespace
 
+std::uint32_t* PixelPool::take(std::size_t count)
+{
+    constexpr std::size_t kBlock = 1 << 18;
+    while (current < blocks.size() && blocks[current].size - used < count) {
+        ++current;
+        used = 0;
+    }
+    if (current == blocks.size()) {
+        const std::size_t size = std::max(count, kBlock);
+        blocks.push_back({std::make_unique_for_overwrite<std::uint32_t[]>(size), size});
+    }
+    std::uint32_t* const room = blocks[current].pixels.get() + used;
+    used += count;
+    return room;
+}
+
 StockImage::StockImage(const Image& source, const std::optional<Gradation>& fog,
-                       const QuadCorners& corners, const Rect& view)
+                       const QuadCorners& corners, const Rect& view, PixelPool& pool)
     : hasAlpha(source.getBitmap().hasAlphaChannel()),
       keyed(!hasAlpha && source.getBitmap().isColorKeyEnabled() &&
             source.getColorKey() <= 0xFFFFFF),
@@ -39,33 +55,38 @@ StockImage::StockImage(const Image& source, const std::optional<Gradation>& fog,
         corner.x -= whole.x;
         corner.y -= whole.y;
     }
-    const QuadMapping mapping(inBox, whole.width, source.getWidth(), source.getHeight());
+    const QuadMapping mapping(inBox, whole, source.getWidth(), source.getHeight());
     const std::vector<std::uint8_t> strengths =
         fog ? strengthTable(*fog, fog->horizontal ? whole.width : whole.height)
             : std::vector<std::uint8_t>();
+    const bool rowsShareFog = !fog || fog->horizontal;
     std::vector<std::int32_t> places(static_cast<std::size_t>(box.width));
     spans.reserve(static_cast<std::size_t>(box.height));
-    pixels.reserve(static_cast<std::size_t>(box.width) * static_cast<std::size_t>(box.height));
+    std::size_t unused = places.size() * static_cast<std::size_t>(box.height);
+    std::uint32_t* room = pool.take(unused);
+    std::optional<std::int32_t> above;
     for (int y = top; y < bottom; ++y) {
+        const std::optional<std::int32_t> level = mapping.levelRow(y - whole.y);
+        if (rowsShareFog && level && level == above) {
+            spans.push_back(spans.back());
+            continue;
+        }
+        above = level;
         mapping.mapRow(y - whole.y, left - whole.x, places);
-        addRow(places, source);
-        const Span& span = spans.back();
+        const Span span = makeSpan(places, source, room);
+        const auto count = static_cast<std::size_t>(span.end - span.first);
         if (fog)
             applyGradation(*fog, strengths, y - whole.y, left - whole.x + span.first,
-                           std::span(pixels).subspan(span.start));
+                           std::span(room, count));
+        spans.push_back(span);
+        room += count;
+        unused -= count;
     }
-    pixels.shrink_to_fit();
+    pool.giveBack(unused);
 }
 
-bool StockImage::isOpaque(std::span<const std::uint32_t> run) const
-{
-    if (hasAlpha)
-        return std::all_of(run.begin(), run.end(), [](std::uint32_t p) { return p >> 24 == 255; });
-    return !keyed || std::none_of(run.begin(), run.end(),
-                                  [this](std::uint32_t p) { return (p & 0xFFFFFF) == key; });
-}
-
-void StockImage::addRow(std::span<const std::int32_t> places, const Image& source)
+StockImage::Span StockImage::makeSpan(std::span<const std::int32_t> places, const Image& source,
+                                      std::uint32_t* pixels) const
 {
     // A quad of the view is convex: what lies inside a row is one run.
     std::size_t first = 0, end = places.size();
@@ -73,15 +94,13 @@ void StockImage::addRow(std::span<const std::int32_t> places, const Image& sourc
         ++first;
     while (end > first && places[end - 1] < 0)
         --end;
-    const std::size_t before = pixels.size();
-    pixels.resize(before + (end - first));
-    const std::uint8_t* const bits = source.getBitmap().getBits();
-    for (std::size_t i = first; i < end; ++i)
-        std::memcpy(&pixels[before + i - first],
-                    bits + static_cast<std::size_t>(std::max(places[i], 0)) * 4,
-                    sizeof(std::uint32_t));
-    spans.push_back({static_cast<std::uint32_t>(before), static_cast<std::int32_t>(first),
-                     static_cast<std::int32_t>(end), isOpaque(std::span(pixels).subspan(before))});
+    const std::uint32_t common =
+        gatherPixels(source.getBitmap().getBits(), places.data() + first, pixels, end - first);
+    bool opaque = !hasAlpha || common >> 24 == 255;
+    if (keyed)
+        opaque = std::none_of(pixels, pixels + (end - first),
+                              [this](std::uint32_t p) { return (p & 0xFFFFFF) == key; });
+    return {pixels, static_cast<std::int32_t>(first), static_cast<std::int32_t>(end), opaque};
 }
 
 void StockImage::draw(Bitmap& view) const
@@ -98,7 +117,7 @@ void StockImage::draw(Bitmap& view) const
         std::uint8_t* const out = view.getBits() +
                                   (static_cast<std::size_t>(box.y) + row) * view.getStride() +
                                   (static_cast<std::size_t>(box.x) + span.first) * 4;
-        const auto* const from = reinterpret_cast<const std::uint8_t*>(&pixels[span.start]);
+        const auto* const from = reinterpret_cast<const std::uint8_t*>(span.pixels);
         if (span.opaque)
             std::memcpy(out, from, count * 4);
         else
@@ -114,9 +133,19 @@ const StockImage* StockImageContainer::find(const StockKey& key) const
     return nullptr;
 }
 
-const StockImage& StockImageContainer::add(const StockKey& key, StockImage piece)
+const StockImage& StockImageContainer::add(const StockKey& key, const QuadCorners& corners,
+                                           const Rect& view)
 {
-    return *pieces.emplace_back(key, std::make_unique<StockImage>(std::move(piece))).second;
+    return *pieces
+                .emplace_back(
+                    key, std::make_unique<StockImage>(*key.picture, key.fog, corners, view, pool))
+                .second;
+}
+
+void StockImageContainer::clear()
+{
+    pieces.clear();
+    pool.clear();
 }
 
 } // namespace varn

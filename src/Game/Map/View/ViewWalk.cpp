@@ -1,6 +1,5 @@
 #include "Game/Map/View/ViewWalk.h"
 
-#include "Game/Database/WizFloor.h"
 #include "Util/Random.h"
 
 #include <algorithm>
@@ -8,25 +7,6 @@
 namespace varn {
 
 namespace {
-
-const WizFloorData* typeOf(const GameEvent& event)
-{
-    const WizFloorList& types = WizFloorList::instance();
-    if (event.type < 0 || static_cast<std::size_t>(event.type) >= types.size())
-        return nullptr;
-    return &types.at(static_cast<std::size_t>(event.type));
-}
-
-std::optional<MapCell> warpAt(const WizMap& map, MapCell cell)
-{
-    for (const auto& event : map.events.list()) {
-        const WizFloorData* const type = typeOf(*event);
-        if (event->x == cell.x && event->y == cell.y && type && type->getWarp())
-            if (const auto target = parseWarp(event->script))
-                return wrapped(map, target->x, target->y);
-    }
-    return std::nullopt;
-}
 
 bool isHalfOpen(const LightSource& light)
 {
@@ -38,20 +18,8 @@ bool isHalfOpen(const LightSource& light)
 
 } // namespace
 
-MapCell wrapped(const WizMap& map, int x, int y)
-{
-    return {(x % map.cols + map.cols) % map.cols, (y % map.rows + map.rows) % map.rows};
-}
-
-bool isDark(const WizMap& map, MapCell cell)
-{
-    return std::any_of(map.events.list().begin(), map.events.list().end(), [&](const auto& event) {
-        const WizFloorData* const type = typeOf(*event);
-        return event->x == cell.x && event->y == cell.y && type && type->getDark();
-    });
-}
-
-std::vector<SeenCell> walkView(const WizMap& map, const Viewpoint& viewer, int visibleDistance)
+std::vector<SeenCell> walkView(const WizMap& map, const CellEvents& events, const Viewpoint& viewer,
+                               int visibleDistance)
 {
     const Direction right = viewer.facing.turnedRight();
     std::vector<SeenCell> seen;
@@ -60,7 +28,7 @@ std::vector<SeenCell> walkView(const WizMap& map, const Viewpoint& viewer, int v
         const auto look = [&](int lateral) {
             const MapCell cell =
                 wrapped(map, ahead.x + right.dx() * lateral, ahead.y + right.dy() * lateral);
-            seen.push_back({{lateral, distance}, cell, isDark(map, cell)});
+            seen.push_back({{lateral, distance}, cell, events.isDark(cell)});
         };
         look(0);
         const bool darkAhead = seen.back().dark;
@@ -69,7 +37,7 @@ std::vector<SeenCell> walkView(const WizMap& map, const Viewpoint& viewer, int v
             look(lateral);
             look(-lateral);
         }
-        const auto warp = distance > 0 && !darkAhead ? warpAt(map, ahead) : std::nullopt;
+        const auto warp = distance > 0 && !darkAhead ? events.warpAt(ahead) : std::nullopt;
         ahead =
             warp.value_or(wrapped(map, ahead.x + viewer.facing.dx(), ahead.y + viewer.facing.dy()));
     }

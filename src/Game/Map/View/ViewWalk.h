@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Game/Map/View/CellEvents.h"
 #include "Game/Map/View/ViewGeometry.h"
 #include "Game/Map/WizMap.h"
 
@@ -34,7 +35,8 @@ struct SeenCell
 /// last to the first. Positions wrap on the map's torus. A warp in the viewer's own column, from
 /// one step ahead on and not in the dark, redirects the rows behind it to its target; warps may
 /// chain.
-std::vector<SeenCell> walkView(const WizMap& map, const Viewpoint& viewer, int visibleDistance);
+std::vector<SeenCell> walkView(const WizMap& map, const CellEvents& events, const Viewpoint& viewer,
+                               int visibleDistance);
 
 /// The side of a cell that lies to the left, in front or to the right of one who faces `facing`.
 Direction sideOf(Direction facing, ViewSide side);
@@ -47,11 +49,5 @@ int wallOf(const WizMapData& cell, Direction side);
 /// program's random source each time: without light its lowest bit decides, with light the light's
 /// percentage.
 SeenWall seeWall(int kind, Direction side, const LightSource& light);
-
-/// True when an event of the cell darkens it.
-bool isDark(const WizMap& map, MapCell cell);
-
-/// The position brought onto the map's torus.
-MapCell wrapped(const WizMap& map, int x, int y);
 
 } // namespace varn

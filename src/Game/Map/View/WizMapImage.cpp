@@ -4,11 +4,25 @@
 #include "Util/Host.h"
 #include "Util/ProjectPath.h"
 
+#include <span>
+
 namespace varn {
 
 namespace {
 
 constexpr WStringView kEventFloor = u"Graphics/System/eventFloor.png";
+
+constexpr ImageType kViewTypes[] = {
+    ImageType::Background,     ImageType::Floor,          ImageType::Ceiling,
+    ImageType::Wall,           ImageType::Door,           ImageType::BackgroundNorth,
+    ImageType::BackgroundEast, ImageType::BackgroundWest, ImageType::BackgroundSouth};
+constexpr ImageType kPlanTypes[] = {ImageType::Background2D, ImageType::Floor2D, ImageType::Wall2D,
+                                    ImageType::EventFloor};
+
+std::span<const ImageType> typesOf(MapPictures use)
+{
+    return use == MapPictures::View ? std::span<const ImageType>(kViewTypes) : kPlanTypes;
+}
 
 std::size_t indexOf(ImageType type)
 {
@@ -42,9 +56,9 @@ const Image* WizMapImage::file(WStringView path)
 bool WizMapImage::update(const WizMap& map)
 {
     bool changed = false;
-    for (std::size_t i = 0; i < kImageTypes; ++i) {
-        const auto type = static_cast<ImageType>(static_cast<int>(i) + kFirstImageType);
-        const WString& name =
+    for (const ImageType type : typesOf(use)) {
+        const std::size_t i = indexOf(type);
+        const WString name =
             type == ImageType::EventFloor ? WString(kEventFloor) : map.getImageName(type);
         if (name == names[i])
             continue;
@@ -70,7 +84,7 @@ void WizMapImage::composeDoor()
 
 void WizMapImage::clear()
 {
-    *this = WizMapImage();
+    *this = WizMapImage(use);
 }
 
 const Image* WizMapImage::find(ImageType type) const

@@ -113,7 +113,7 @@ class ViewWalk : public ::testing::Test
     std::vector<MapCell> column(const Viewpoint& viewer, int distance)
     {
         std::vector<MapCell> cells;
-        for (const SeenCell& seen : walkView(map, viewer, distance))
+        for (const SeenCell& seen : walkView(map, CellEvents(map), viewer, distance))
             if (seen.place.lateral == 0)
                 cells.push_back(seen.cell);
         return cells;
@@ -126,7 +126,7 @@ TEST_F(ViewWalk, WrapsOnTheTorusAndGoesOutward)
 {
     EXPECT_EQ(column({2, 1, Direction::North}, 3),
               (std::vector<MapCell>{{2, 1}, {2, 0}, {2, 7}, {2, 6}}));
-    const auto seen = walkView(map, {9, 4, Direction::East}, 5);
+    const auto seen = walkView(map, CellEvents(map), {9, 4, Direction::East}, 5);
     EXPECT_EQ(seen.size(), 3U + 3 + 7 + 13 + 17 + 17);
     EXPECT_EQ(seen[1].place, (ViewPlace{1, 0})); // right of one who faces east is south
     EXPECT_EQ(seen[1].cell, (MapCell{9, 5}));
@@ -142,7 +142,7 @@ TEST_F(ViewWalk, LooksThroughWarps)
     EXPECT_EQ(column({2, 3, Direction::North}, 1), (std::vector<MapCell>{{2, 3}, {2, 2}}));
     place(1, 2, 3);
     EXPECT_EQ(column({2, 4, Direction::North}, 2), (std::vector<MapCell>{{2, 4}, {2, 3}, {2, 2}}));
-    EXPECT_TRUE(isDark(map, {2, 3}));
+    EXPECT_TRUE(CellEvents(map).isDark({2, 3}));
 }
 
 } // namespace
