@@ -8,6 +8,7 @@ namespace varn {
 static MenuEntry makeEntry(const MenuItem& item, bool systemCoordinates)
 {
     MenuEntry entry;
+    entry.title = item.title;
     entry.text = item.getText();
     entry.shortcut = item.shortcut;
     entry.command = commandNumber(item.id);

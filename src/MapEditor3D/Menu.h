@@ -10,6 +10,7 @@ namespace varn {
 /// An item of the main menu as it is shown.
 struct MenuEntry
 {
+    WString title;
     WString text;     ///< title, " (hotkey)", a tab and the shortcut's keys
     WString shortcut; ///< "Ctrl+S"; empty for none
     int command = 0;  ///< 0: none, it does nothing by itself

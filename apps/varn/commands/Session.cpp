@@ -85,7 +85,7 @@ Status runCommand(Context& context, const Arguments& arguments)
 void printMenu(Output& out, const std::vector<MenuEntry>& entries, std::size_t depth)
 {
     for (const MenuEntry& entry : entries) {
-        std::string line = std::string(2 * depth, ' ') + toUtf8(entry.text);
+        std::string line = std::string(2 * depth, ' ') + toUtf8(entry.title);
         if (entry.command != 0)
             line += " [" + std::to_string(entry.command) + "]";
         out.line(line);
@@ -97,7 +97,8 @@ Json menuAsJson(const std::vector<MenuEntry>& entries)
 {
     Json list = Json::array();
     for (const MenuEntry& entry : entries)
-        list.push_back({{"text", jsonText(entry.text)},
+        list.push_back({{"title", jsonText(entry.title)},
+                        {"text", jsonText(entry.text)},
                         {"command", entry.command},
                         {"argument", entry.argument},
                         {"checked", entry.checked},
@@ -252,8 +253,9 @@ constexpr Command kCommands[] = {
      .summary = "print the menu of the language in force",
      .run = menu,
      .needs = Needs::Texts,
-     .details = "An item a line, two blanks a level, the number of its command in brackets. The "
-                "language is that of the setting \"View Language\", else that of the system."},
+     .details =
+         "An item's title a line, two blanks a level, the number of its command in brackets. The "
+         "language is that of the setting \"View Language\", else that of the system."},
     {.words = "hierarchy",
      .summary = "list the folders and maps of the project",
      .run = hierarchy,
