@@ -1,6 +1,7 @@
 #include "Parser/ElementWriter.h"
 
 #include "Parser/UnitSearch.h"
+#include "Util/Exception.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,6 +16,9 @@ namespace {
 constexpr char16_t kLineBreak[] = u"\r\n";
 /// No unit is written as more than this.
 constexpr std::size_t kLongestEscape = 6;
+/// In bytes. Indentation makes a text as long as the square of its depth, so that a small file of
+/// nested tags could fill any memory.
+constexpr std::size_t kLongestText = std::size_t{1} << 30;
 
 /// What a special unit is written as; copied whole, `length` of it count.
 struct Escape
@@ -128,6 +132,8 @@ class UnitSink
     {
         constexpr std::size_t kLeast = 256, kMost = 65536;
         const std::size_t now = written();
+        if (now - before > kLongestText)
+            throw Exception(u"The document is too large to be written.");
         const std::size_t step = std::max(bytes, std::clamp(now - before, kLeast, kMost));
         out.resize((now + step) / sizeof(typename Text::value_type) + 1);
         at = bytesOf(out) + now;

@@ -62,7 +62,8 @@ class XMLParser
     /// As `parse`, but silent: the report comes back, and nothing when the tree stands.
     std::optional<ParserException> tryParse(WString text);
 
-    /// Composes the document as saving would: declaration, "\r\n", tree. Asserts a root.
+    /// Composes the document as saving would: declaration, "\r\n", tree. Asserts a root. Throws
+    /// Exception where the indentation of a very deep tree would make it larger than a gigabyte.
     WString compose() const;
     /// The bytes of the file: mark and text in the document's encoding.
     std::string composeBytes() const;

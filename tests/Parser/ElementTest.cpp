@@ -1,4 +1,5 @@
 #include "Parser/XMLParser.h"
+#include "Util/Exception.h"
 
 #include <gtest/gtest.h>
 
@@ -170,6 +171,7 @@ TEST(Element, DepthTakesNoStack)
     arena.clone(*parser.getRootElement())->findAll(u"a", found);
     EXPECT_EQ(found.size(), kDepth - 1);
     EXPECT_EQ(parser.elementsByTag(u"a")[kDepth - 2]->getChildren().size(), 1u);
+    EXPECT_THROW(parser.compose(), Exception); // a tab a level, on two lines a level
 }
 
 } // namespace varn
