@@ -354,10 +354,13 @@ void PatternParser::closeGroup()
 NodeId PatternParser::parseCondition()
 {
     Node node{.kind = NodeKind::Condition};
-    if (const std::optional<int> number = parseGroupTest())
+    if (const std::optional<int> number = parseGroupTest()) {
+        if (known && *number == 0)
+            reader.fail(u"The whole match is no condition"); // it has not ended yet
         node.number = *number;
-    else
+    } else {
         node.children.push_back(parseLookTest());
+    }
     std::vector<NodeId> branches = parseBranches();
     if (branches.size() > 2)
         reader.fail(u"A condition has more than two branches");
