@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Parser/LargePages.h"
+
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -37,23 +40,29 @@ class Arena
     {
         chunks.clear();
         at = end = nullptr;
+        nextChunk = kFirstChunk;
     }
 
   private:
     static constexpr std::size_t kAlignment = 8;
-    static constexpr std::size_t kChunk = std::size_t{64} << 10;
+    static constexpr std::size_t kFirstChunk = std::size_t{4} << 10;
+    static constexpr std::size_t kLargestChunk = std::size_t{8} << 20;
 
+    /// Each chunk is twice the one before: little for a formula, large pages for a long script.
     void addChunk(std::size_t atLeast)
     {
-        const std::size_t size = atLeast > kChunk ? atLeast : kChunk;
+        const std::size_t size = std::max(atLeast, nextChunk);
+        nextChunk = std::min(nextChunk * 2, kLargestChunk);
         chunks.emplace_back(new std::byte[size]);
         at = chunks.back().get();
         end = at + size;
+        preferLargePages(at, size);
     }
 
     std::vector<std::unique_ptr<std::byte[]>> chunks;
     std::byte* at = nullptr;
     std::byte* end = nullptr;
+    std::size_t nextChunk = kFirstChunk;
 };
 
 } // namespace varn

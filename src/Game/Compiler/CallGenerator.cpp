@@ -228,7 +228,7 @@ void CodeGenerator::methodCall(AST* node, std::int32_t target)
     Symbol& method = *lastCell(node->left)->left->symbol;
     position = {node->line, node->fileIndex};
     emit(Opcode::CallMethod, newTemporary(), from, first);
-    ClassInterface* declared = resolved->receiverClasses[static_cast<std::size_t>(node->value)];
+    ClassInterface* declared = resolved.receiverClasses[static_cast<std::size_t>(node->value)];
     emitExtra(Opcode::MethodResult, target,
               static_cast<std::int32_t>(addSite(method, count, declared, false)));
 }

@@ -22,28 +22,40 @@ Opcode opposite(Opcode opcode)
 } // namespace
 
 CodeGenerator::CodeGenerator(Program& program, ConstantTable& constants,
-                             const CompileErrors& errors)
-    : program(program), constants(constants), errors(errors)
+                             const CompileErrors& errors, const ResolvedProgram& resolved)
+    : program(program), constants(constants), errors(errors), resolved(resolved)
 {}
 
-void CodeGenerator::generate(const ResolvedProgram& tree)
+/// A top level without a name stands first among the functions.
+void CodeGenerator::declareFunctions()
 {
-    resolved = &tree;
-    inferKinds(tree.variables);
-    for (const ResolvedFunction& function : tree.functions) {
+    if (!starts.empty())
+        return;
+    program.functions.push_back(std::make_unique<FunctionCode>());
+    for (const ResolvedFunction& function : resolved.functions) {
         auto& code = *program.functions.emplace_back(std::make_unique<FunctionCode>());
         code.name = function.name->name;
         code.number = static_cast<std::uint32_t>(program.functions.size()) - 1;
         code.parameters = function.parameters;
     }
-    generateTopLevel(tree);
-    std::vector<std::size_t> starts(program.functions.size());
-    const std::size_t halt = here() - 1; // calling a function without a body ends the run
-    for (std::size_t i = 0; i < tree.functions.size(); ++i) {
-        starts[i + 1] = tree.functions[i].body ? here() : halt;
-        if (tree.functions[i].body)
-            generateFunction(tree.functions[i], *program.functions[i + 1]);
-    }
+    starts.resize(program.functions.size());
+}
+
+void CodeGenerator::addFunction(std::uint32_t number)
+{
+    declareFunctions();
+    starts[number + 1] = here();
+    generateFunction(resolved.functions[number], *program.functions[number + 1]);
+}
+
+void CodeGenerator::finish()
+{
+    declareFunctions();
+    starts[0] = here();
+    generateTopLevel();
+    for (std::size_t i = 0; i < resolved.functions.size(); ++i)
+        if (!resolved.functions[i].body)
+            starts[i + 1] = here() - 1; // calling a function without a body ends the run
     for (std::size_t i = 0; i < starts.size(); ++i)
         program.functions[i]->start = program.code.data() + starts[i];
 }
@@ -66,16 +78,18 @@ void CodeGenerator::withShortJumps(Body&& body)
     }
 }
 
-void CodeGenerator::generateTopLevel(const ResolvedProgram& tree)
+void CodeGenerator::generateTopLevel()
 {
+    inferKinds(resolved.variables);
+    position = {};
     topLevel = true;
-    firstTemporary = static_cast<std::int32_t>(tree.slots);
+    firstTemporary = static_cast<std::int32_t>(resolved.slots);
     withShortJumps([&] {
         emitWide(Opcode::LoadInt, 0, 0); // _ret
-        for (std::size_t i = 0; i < tree.definitions.size(); ++i)
-            emitWide(Opcode::LoadFunction, static_cast<std::int32_t>(tree.definitions[i]->slot),
+        for (std::size_t i = 0; i < resolved.definitions.size(); ++i)
+            emitWide(Opcode::LoadFunction, static_cast<std::int32_t>(resolved.definitions[i]->slot),
                      static_cast<std::int32_t>(i + 1));
-        for (AST* item : tree.items)
+        for (AST* item : resolved.items)
             if (item->kind != kNodeFunction && item->kind != kNodeClass)
                 statement(item);
         emit(Opcode::Halt);

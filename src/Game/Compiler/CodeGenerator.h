@@ -18,9 +18,14 @@ namespace varn {
 class CodeGenerator
 {
   public:
-    CodeGenerator(Program& program, ConstantTable& constants, const CompileErrors& errors);
+    CodeGenerator(Program& program, ConstantTable& constants, const CompileErrors& errors,
+                  const ResolvedProgram& resolved);
 
-    void generate(const ResolvedProgram& resolved);
+    /// Writes the code of a function as the resolver left it; a later definition of the same
+    /// function takes its place. Every function is declared by then.
+    void addFunction(std::uint32_t number);
+    /// Writes the top level, behind the functions, and makes the program ready to run.
+    void finish();
 
   private:
     /// A value that an instruction may take: a register, or a constant within the instruction.
@@ -54,7 +59,8 @@ class CodeGenerator
     };
 
     // Functions and statements.
-    void generateTopLevel(const ResolvedProgram& resolved);
+    void declareFunctions();
+    void generateTopLevel();
     void generateFunction(const ResolvedFunction& function, FunctionCode& code);
     template <class Body>
     void withShortJumps(Body&& body);
@@ -150,7 +156,8 @@ class CodeGenerator
     ConstantTable& constants;
     const CompileErrors& errors;
     Nesting nesting;
-    const ResolvedProgram* resolved = nullptr;
+    const ResolvedProgram& resolved;
+    std::vector<std::size_t> starts; ///< of the functions; the top level's first
     std::vector<Loop*> loops;
     SourcePosition position;
     bool topLevel = true;

@@ -69,6 +69,7 @@ class CompileErrors
     void add(ErrorCode code, SourcePlace place, std::string_view name);
     /// Ends the compilation: throws CompileFailure with this fault alone.
     [[noreturn]] void fail(SourcePlace place, std::string_view text) const;
+    bool any() const { return !errors.empty(); }
     /// Throws CompileFailure with what was recorded, if anything was.
     void throwIfAny() const;
 

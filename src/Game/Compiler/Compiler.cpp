@@ -22,11 +22,14 @@ void Compiler::compile(WStringView name, WString text, GlobalScript global)
     Arena nodes;
     Lexer lexer(sources, symbols, constants, errors);
     const SyntaxTree tree = Parser(lexer, nodes, errors).parseProgram();
-    const ResolvedProgram resolved = Resolver(symbols, nodes, errors).resolve(tree);
+    Resolver resolver(symbols, nodes, errors);
+    CodeGenerator generator(*made, constants, errors, resolver.getProgram());
+    resolver.resolve(tree, [&](std::uint32_t number) {
+        if (!errors.any())
+            generator.addFunction(number);
+    });
     errors.throwIfAny();
-    // A top level without a name stands first among the functions.
-    made->functions.push_back(std::make_unique<FunctionCode>());
-    CodeGenerator(*made, constants, errors).generate(resolved);
+    generator.finish();
     made->files = sources.names();
     program = std::move(made);
 }

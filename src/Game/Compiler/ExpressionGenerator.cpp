@@ -115,7 +115,7 @@ bool CodeGenerator::hazard(const AST* later) const
     if (!later)
         return false;
     return later->has(AST::kAssigns) ||
-           (later->has(AST::kCalls) && (topLevel || resolved->defaultsAssign));
+           (later->has(AST::kCalls) && (topLevel || resolved.defaultsAssign));
 }
 
 CodeGenerator::Operand CodeGenerator::operand(AST* node)

@@ -44,6 +44,12 @@ inline OperandData& at(OperandData* base, std::size_t distance)
     return *reinterpret_cast<OperandData*>(reinterpret_cast<std::byte*>(base) + distance);
 }
 
+/// The cell some bytes before another.
+inline OperandData* before(OperandData* base, std::size_t distance)
+{
+    return reinterpret_cast<OperandData*>(reinterpret_cast<std::byte*>(base) - distance);
+}
+
 // An operand as a number, by what its form knows of it.
 inline double numberI(const OperandData& value)
 {
@@ -532,7 +538,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         pc = reinterpret_cast<const Instruction*>(header->bits);
         header->head = head;
         header->bits = bits;
-        R = &at(header, -static_cast<std::size_t>(pc[-1].a));
+        R = before(header, pc[-1].a);
         DISPATCH();
     }
     CASE(Halt): goto ended;

@@ -17,7 +17,10 @@ KnownKind kindWithin(const AST* node, int depth);
 
 KnownKind kindOfTarget(const AST* target)
 {
-    return target->isIdentifier() && target->variable ? target->variable->kind : KnownKind::Any;
+    // A global that functions use may be anything; of others all assignments are known by now.
+    return target->isIdentifier() && target->variable && !target->variable->usedInFunction
+               ? target->variable->kind
+               : KnownKind::Any;
 }
 
 KnownKind kindWithin(const AST* node, int depth)

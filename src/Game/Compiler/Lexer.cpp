@@ -89,19 +89,19 @@ void Lexer::enterSource()
     line = script.savedLine;
 }
 
-Token Lexer::next()
+void Lexer::next(Token& token)
 {
     for (;;) {
-        Token token;
+        token = {};
         if (!skipBlanksAndComments())
             ended = true;
         token.line = line;
         token.file = static_cast<std::uint16_t>(sources.currentIndex());
         if (ended)
-            return token;
+            return;
         if (!endsText(*at)) {
             if (scan(token))
-                return token;
+                return;
         } else if (sources.finishCurrent()) {
             enterSource();
         } else {

@@ -16,9 +16,10 @@ class Lexer
     Lexer(IncludeStack& sources, SymbolTable& symbols, ConstantTable& constants,
           const CompileErrors& errors);
 
-    /// The next token; kTokenEnd behind the last source. Throws std::string on a character that
-    /// begins none and on a file that cannot be included.
-    Token next();
+    /// Reads the next token; kTokenEnd behind the last source. Throws std::string on a character
+    /// that begins none and on a file that cannot be included. The token is written where it stays:
+    /// a copy right behind its narrow fields would wait for the processor's store queue.
+    void next(Token& token);
 
   private:
     void enterSource();

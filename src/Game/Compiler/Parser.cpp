@@ -40,7 +40,7 @@ void inheritFlags(AST& into, const AST* from)
 Parser::Parser(Lexer& lexer, Arena& arena, const CompileErrors& errors)
     : lexer(lexer), arena(arena), errors(errors)
 {
-    token = lexer.next();
+    lexer.next(token);
 }
 
 void Parser::syntaxError() const
@@ -51,7 +51,7 @@ void Parser::syntaxError() const
 const Token& Parser::peek()
 {
     if (!hasAhead) {
-        ahead = lexer.next();
+        lexer.next(ahead);
         hasAhead = true;
     }
     return ahead;
@@ -59,7 +59,9 @@ const Token& Parser::peek()
 
 void Parser::advance()
 {
-    token = hasAhead ? ahead : lexer.next();
+    if (!hasAhead)
+        return lexer.next(token);
+    token = ahead;
     hasAhead = false;
 }
 

@@ -55,7 +55,8 @@ void Resolver::report(ErrorCode code, const AST* at, std::string_view name)
     errors.add(code, {at->fileIndex, at->line}, name);
 }
 
-ResolvedProgram Resolver::resolve(const SyntaxTree& tree)
+void Resolver::resolve(const SyntaxTree& tree,
+                       const std::function<void(std::uint32_t)>& functionReady)
 {
     AST* result = arena.make<AST>();
     result->kind = kTokenIdentifier;
@@ -66,9 +67,12 @@ ResolvedProgram Resolver::resolve(const SyntaxTree& tree)
         declareFunction(function);
     program.defaultsAssign = tree.defaultsAssign;
     program.items = tree.items;
-    for (AST* item : tree.items)
+    for (AST* item : tree.items) {
         resolveItem(item);
-    return std::move(program);
+        if (item->kind == kNodeFunction)
+            if (const Variable* variable = functionVariable(item->left->symbol))
+                functionReady(variable->functionNumber);
+    }
 }
 
 Variable* Resolver::declare(AST* name, Storage storage, Symbol* typeName)

@@ -6,6 +6,7 @@
 #include "Game/Compiler/Parser.h"
 #include "Game/Compiler/Symbols.h"
 
+#include <functional>
 #include <vector>
 
 namespace varn {
@@ -45,7 +46,10 @@ class Resolver
   public:
     Resolver(SymbolTable& symbols, Arena& arena, CompileErrors& errors);
 
-    ResolvedProgram resolve(const SyntaxTree& tree);
+    /// @param functionReady  gets the number of each function whose names all have their meaning,
+    ///                       at once: its tree is still in the processor's caches
+    void resolve(const SyntaxTree& tree, const std::function<void(std::uint32_t)>& functionReady);
+    const ResolvedProgram& getProgram() const { return program; }
 
   private:
     /// Declarations in force, to be taken back at the end of a scope.
