@@ -1,6 +1,5 @@
 #include "Game/Compiler/Calculator.h"
 
-#include "Game/Compiler/InterpreterException.h"
 #include "Game/Database/StoryTables.h"
 #include "Parser/Tokenizer.h"
 
@@ -8,8 +7,6 @@
 #include <cstring>
 
 namespace varn {
-
-using interpreter::InterpreterException;
 
 /// Four units at a time: class names and formulas are too short for a call to pay.
 static bool isSame(WStringView a, WStringView b)
@@ -32,20 +29,6 @@ static bool isSame(WStringView a, WStringView b)
     return !differAt(a.size() - kUnits);
 }
 
-/// `_getArgs(i)` of the wrapped text: argument i.
-static void getArgs(Interpreter& vm)
-{
-    if (vm.getTop() != 1 || vm.get_type(0) != ValueKind::Int)
-        throw InterpreterException(u"vm->getTop() == 1 && vm->get_type(0) == VM_INT", u"_getArgs");
-    const auto index = static_cast<std::size_t>(vm.getInt(0));
-    if (index >= vm.globalValues.size())
-        throw InterpreterException(u"the index " + toDecimal(vm.getInt(0)) +
-                                       u" is out of range, the number of arguments is " +
-                                       toDecimal(static_cast<std::int64_t>(vm.globalValues.size())),
-                                   u"_getArgs");
-    vm.setReturn(vm.globalValues[index]);
-}
-
 /// One number, with or without a sign.
 static bool isNumber(WStringView formula)
 {
@@ -59,8 +42,6 @@ static bool isNumber(WStringView formula)
 Calculator::Calculator(WStringView formula, std::size_t argumentCount, WStringView prefix)
     : slots(argumentCount)
 {
-    static const bool registered = (registerGlobalFunction("_getArgs", &getArgs), true);
-    static_cast<void>(registered);
     for (Slot& slot : slots) {
         slot.box.type = HeapObject::Type::Box;
         slot.box.marked = true; // for good: no collector follows or frees it

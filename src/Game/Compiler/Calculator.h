@@ -53,7 +53,8 @@ class Calculator
     bool running = false;
 };
 
-/// The formulas of the session, each compiled once. Used by one thread.
+/// The formulas of the session, each compiled once. Used by one thread, after the classes are
+/// registered.
 class CalculatorManager
 {
   public:

@@ -15,7 +15,7 @@ TEST(GameClasses, CompileAndDoNothing)
         "PartyStatusWindow.show(); Effect.shake(1, 2, 3); MessageTable.get(1);\n"
         "NpcDatabase.setRead(1, true); SceneManager.gotoInn(); SceneManager.battle(\"x\");\n"
         "Window.msg(\"hello\"); setFlag(1, 2); msg(\"x\"); novel(); trace(\"nothing is traced\");\n"
-        "_ret = 9; var f = getFlag(3); var m = Window.yesno(\"?\");\n"
+        "waitFrame(2); waitKey(); _ret = 9; var f = getFlag(3); var m = Window.yesno(\"?\");\n"
         "_ret = f * 10 + m + (BattleManager.RESULT_VICTORY == \"\");");
     EXPECT_EQ(run.compileErrors + run.fatal, "");
     EXPECT_EQ(run.messages, std::vector<std::string>{});

@@ -3,6 +3,7 @@
 #include "Game/Compiler/Interpreter.h"
 #include "Game/Compiler/SQClassDef.h"
 #include "Game/Compiler/classes/Classes.h"
+#include "Game/Compiler/classes/Waiting.h"
 
 #include <algorithm>
 
@@ -112,6 +113,8 @@ void registerAll()
     finish();
     forEachName(kFunctions,
                 [](std::string_view name) { registerGlobalFunction(name, &globalWithAny); });
+    registerGlobalFunction("waitFrame", &waitFrame);
+    registerGlobalFunction("waitKey", &waitKey);
 }
 
 } // namespace
