@@ -26,6 +26,12 @@ bool isSpace(char16_t unit)
     return unit == u' ' || (unit >= 9 && unit <= 13);
 }
 
+bool sameText(WStringView a, WStringView b)
+{
+    return a.size() == b.size() &&
+           std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+}
+
 bool isDigit(char16_t unit)
 {
     return unit >= u'0' && unit <= u'9';
@@ -135,12 +141,6 @@ WString numberToText(double value)
     const auto done =
         std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, 16);
     return WString(buffer, done.ptr);
-}
-
-bool sameText(WStringView a, WStringView b)
-{
-    return a.size() == b.size() &&
-           std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
 }
 
 int compareTexts(WStringView a, WStringView b)

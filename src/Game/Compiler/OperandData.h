@@ -146,8 +146,6 @@ double textToNumber(WStringView text);
 /// `%.16f` of a number.
 WString numberToText(double value);
 
-/// Equality of two texts by code unit; quicker than that of the views.
-bool sameText(WStringView a, WStringView b);
 /// Order of two texts by code unit: negative, 0, positive.
 int compareTexts(WStringView a, WStringView b);
 
