@@ -66,20 +66,41 @@ std::uint64_t mix(std::uint64_t hash)
     return hash ^ hash >> 32;
 }
 
+constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(char16_t);
+
+std::uint64_t wordAt(WStringView text, std::size_t at)
+{
+    std::uint64_t word;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    return word;
+}
+
 /// Four units at a step; the top bit is set, so that no text has the hash 0.
 std::uint64_t hashOf(WStringView text)
 {
-    constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(char16_t);
     std::uint64_t hash = text.size();
-    for (; text.size() > kStep; text.remove_prefix(kStep)) {
-        std::uint64_t word;
-        std::memcpy(&word, text.data(), sizeof word);
-        hash = mix(hash ^ word);
-    }
+    std::size_t i = 0;
+    for (; i + kStep <= text.size(); i += kStep)
+        hash = mix(hash ^ wordAt(text, i));
     std::uint64_t rest = 0;
-    for (const char16_t unit : text)
-        rest = rest << 16 | unit;
+    for (; i < text.size(); ++i)
+        rest = rest << 16 | text[i];
     return mix(mix(hash ^ rest)) | std::uint64_t{1} << 63;
+}
+
+/// The same steps: keys are too short for a call of the library.
+bool sameKey(WStringView a, WStringView b)
+{
+    if (a.size() != b.size())
+        return false;
+    std::size_t i = 0;
+    for (; i + kStep <= a.size(); i += kStep)
+        if (wordAt(a, i) != wordAt(b, i))
+            return false;
+    for (; i < a.size(); ++i)
+        if (a[i] != b[i])
+            return false;
+    return true;
 }
 
 } // namespace
@@ -91,7 +112,7 @@ std::size_t Map::slotFor(WStringView key, std::uint64_t hash) const
 {
     const std::size_t mask = slots.size() - 1;
     std::size_t at = hash & mask;
-    while (slots[at].hash != kFree && (slots[at].hash != hash || !sameText(slots[at].key, key)))
+    while (slots[at].hash != kFree && (slots[at].hash != hash || !sameKey(slots[at].key, key)))
         at = (at + 1) & mask;
     return at;
 }
