@@ -152,7 +152,8 @@ StringBuffer* Heap::makeBuffer(std::uint64_t used, std::uint64_t capacity)
 OperandData Heap::makeString(WStringView text)
 {
     StringBuffer* buffer = makeBuffer(text.size(), text.size());
-    std::memcpy(buffer->units(), text.data(), text.size() * sizeof(char16_t));
+    if (!text.empty()) // an empty view may point nowhere
+        std::memcpy(buffer->units(), text.data(), text.size() * sizeof(char16_t));
     return OperandData::string(buffer, buffer->count);
 }
 

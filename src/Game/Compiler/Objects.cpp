@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 namespace varn {
 
@@ -58,14 +59,48 @@ namespace {
 
 constexpr std::size_t kFirstSlots = 16;
 
-/// G. Fowler, L. C. Noll, K.-P. Vo: the FNV-1a hash, over units, with a final spreading of the high
-/// bits that the power-of-two table looks at.
+/// Spreads what differs over all bits: half of the finalizer of A. Appleby's MurmurHash3 (64 bits).
+std::uint64_t mix(std::uint64_t hash)
+{
+    hash *= 0xFF51AFD7ED558CCDU;
+    return hash ^ hash >> 32;
+}
+
+constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(char16_t);
+
+std::uint64_t wordAt(WStringView text, std::size_t at)
+{
+    std::uint64_t word;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    return word;
+}
+
+/// Four units at a step; the top bit is set, so that no text has the hash 0.
 std::uint64_t hashOf(WStringView text)
 {
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char16_t unit : text)
-        hash = (hash ^ unit) * 0x100000001B3U;
-    return hash ^ hash >> 32;
+    std::uint64_t hash = text.size();
+    std::size_t i = 0;
+    for (; i + kStep <= text.size(); i += kStep)
+        hash = mix(hash ^ wordAt(text, i));
+    std::uint64_t rest = 0;
+    for (; i < text.size(); ++i)
+        rest = rest << 16 | text[i];
+    return mix(mix(hash ^ rest)) | std::uint64_t{1} << 63;
+}
+
+/// The same steps: keys are too short for a call of the library.
+bool sameKey(WStringView a, WStringView b)
+{
+    if (a.size() != b.size())
+        return false;
+    std::size_t i = 0;
+    for (; i + kStep <= a.size(); i += kStep)
+        if (wordAt(a, i) != wordAt(b, i))
+            return false;
+    for (; i < a.size(); ++i)
+        if (a[i] != b[i])
+            return false;
+    return true;
 }
 
 } // namespace
@@ -77,7 +112,7 @@ std::size_t Map::slotFor(WStringView key, std::uint64_t hash) const
 {
     const std::size_t mask = slots.size() - 1;
     std::size_t at = hash & mask;
-    while (slots[at].key && (slots[at].hash != hash || *slots[at].key != key))
+    while (slots[at].hash != kFree && (slots[at].hash != hash || !sameKey(slots[at].key, key)))
         at = (at + 1) & mask;
     return at;
 }
@@ -87,7 +122,7 @@ const OperandData* Map::find(WStringView key) const
     if (slots.empty())
         return nullptr;
     const Slot& slot = slots[slotFor(key, hashOf(key))];
-    return slot.key ? &slot.value : nullptr;
+    return slot.hash != kFree ? &slot.value : nullptr;
 }
 
 OperandData& Map::ensure(WStringView key)
@@ -96,10 +131,10 @@ OperandData& Map::ensure(WStringView key)
         grow();
     const std::uint64_t hash = hashOf(key);
     Slot& slot = slots[slotFor(key, hash)];
-    if (!slot.key) {
-        slot.key = std::make_unique<WString>(key);
+    if (slot.hash == kFree) {
+        slot.key = key;
         slot.hash = hash;
-        bytes += sizeof(WString) + key.size() * sizeof(char16_t);
+        bytes += key.size() * sizeof(char16_t);
         ++used;
     }
     return slot.value;
@@ -112,10 +147,10 @@ void Map::grow()
     bytes += (slots.size() - before.size()) * sizeof(Slot);
     const std::size_t mask = slots.size() - 1;
     for (Slot& slot : before) {
-        if (!slot.key)
+        if (slot.hash == kFree)
             continue;
         std::size_t at = slot.hash & mask;
-        while (slots[at].key)
+        while (slots[at].hash != kFree)
             at = (at + 1) & mask;
         slots[at] = std::move(slot);
     }
@@ -125,8 +160,8 @@ std::vector<WString> Map::sortedKeys() const
 {
     std::vector<WString> keys;
     for (const Slot& slot : slots)
-        if (slot.key)
-            keys.push_back(*slot.key);
+        if (slot.hash != kFree)
+            keys.push_back(slot.key);
     std::sort(keys.begin(), keys.end());
     return keys;
 }

@@ -136,10 +136,11 @@ class Map
     std::size_t footprint() const { return bytes; }
 
   private:
+    static constexpr std::uint64_t kFree = 0; // no text has that hash
     struct Slot
     {
-        std::uint64_t hash = 0;
-        std::unique_ptr<WString> key; // null: free
+        std::uint64_t hash = kFree;
+        WString key;
         OperandData value;
     };
     std::size_t slotFor(WStringView key, std::uint64_t hash) const;

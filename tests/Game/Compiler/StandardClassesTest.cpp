@@ -156,6 +156,17 @@ TEST(StandardClasses, IniFileIsTheSettingsFileOfTheSession)
               (std::vector<std::string>{"", "", "", "false", "false", "", "false", "false"}));
 }
 
+TEST(StandardClasses, EventsHaveTheServicesOfTheEngine)
+{
+    TemporaryProject project;
+    Settings settings("a.ini");
+    registerStandardClasses();
+    ScriptEngine::instance().setServices({.settings = &settings});
+    ScriptEngine::instance().startEvent(u"test", u"IniFile.write(\"Game\", \"Gold\", 12);");
+    ScriptEngine::instance().setServices({});
+    EXPECT_EQ(settings.getSettingInt(u"Game", u"Gold", 0), 12);
+}
+
 TEST(StandardClasses, ShellExecuteAsksTheHost)
 {
     RecordingHost host;

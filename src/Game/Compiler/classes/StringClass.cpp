@@ -109,21 +109,32 @@ WString replace(SCString text, int position, int count, WStringView inserted)
 }
 
 /// The expression of the last call on this thread: a loop asks for the same one again and again.
-const CRegexpT& compiledPattern(WStringView pattern)
+struct LastPattern
 {
-    thread_local WString last;
-    thread_local CRegexpT regexp;
-    if (regexp.isEmpty() || last != pattern) {
-        last = pattern;
-        regexp.compile(pattern, CRegexpT::kMultiLine);
+    WString pattern;
+    CRegexpT regexp;
+    CContext context; // kept for its stacks
+
+    void take(WStringView wanted)
+    {
+        if (!regexp.isEmpty() && pattern == wanted)
+            return;
+        pattern = wanted;
+        regexp.compile(wanted, CRegexpT::kMultiLine);
+        context = regexp.prepareMatch({});
     }
-    return regexp;
-}
+};
 
 /// A pattern that does not compile gives an empty text.
 WString replaceAllMatches(SCString text, WStringView pattern, WStringView replacement)
 {
-    return compiledPattern(pattern).replace(text.wide, replacement);
+    constexpr std::size_t kLongText = 1 << 16; // the stacks of a longer one are not worth keeping
+    thread_local LastPattern last;
+    last.take(pattern);
+    if (text.wide.size() > kLongText)
+        return last.regexp.replace(text.wide, replacement);
+    last.context.setText(text.wide);
+    return last.regexp.replace(last.context, replacement);
 }
 
 /// How many pieces a call of `split` asks for.
