@@ -95,25 +95,6 @@ std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
     return copyVectors<Avx2>(key, source, pixels, target, count);
 }
 
-std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                       std::size_t count, std::uint32_t& common)
-{
-    std::size_t i = 0;
-    __m256i all = _mm256_set1_epi32(-1);
-    for (; i + 8 <= count; i += 8) {
-        const __m256i indices = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(places + i));
-        const __m256i got =
-            _mm256_i32gather_epi32(reinterpret_cast<const int*>(pixels), indices, 4);
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + i), got);
-        all = _mm256_and_si256(all, got);
-    }
-    std::uint32_t lanes[8];
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(lanes), all);
-    for (const std::uint32_t lane : lanes)
-        common &= lane;
-    return i;
-}
-
 } // namespace varn::pixelloops
 
 #endif
