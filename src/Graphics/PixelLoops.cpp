@@ -181,6 +181,7 @@ struct Sse2
 };
 
 const bool kHasAvx2 = __builtin_cpu_supports("avx2");
+constexpr std::size_t kMostPixels = 8; ///< of a register of any set
 
 } // namespace
 } // namespace pixelloops
@@ -206,18 +207,33 @@ void blendColour(std::uint32_t colour, std::uint8_t opacity, std::uint8_t* targe
 void fogRow(std::uint32_t colour, std::uint8_t strength, std::uint32_t* pixels, std::size_t count)
 {
     using namespace pixelloops;
-    const std::size_t done = kHasAvx2 ? fogEvenAvx2(colour, strength, pixels, count)
-                                      : fogEvenVectors<Sse2>(colour, strength, pixels, count);
-    fogRowPlain(colour, strength, pixels + done, count - done);
+    const auto fog = [=](std::uint32_t* run, std::size_t length) {
+        return kHasAvx2 ? fogEvenAvx2(colour, strength, run, length)
+                        : fogEvenVectors<Sse2>(colour, strength, run, length);
+    };
+    const std::size_t done = fog(pixels, count);
+    // The rest goes through a register's worth of room.
+    std::uint32_t rest[kMostPixels] = {};
+    std::copy(pixels + done, pixels + count, rest);
+    fog(rest, kMostPixels);
+    std::copy_n(rest, count - done, pixels + done);
 }
 
 void fogRowAcross(std::uint32_t colour, const std::uint8_t* strengths, std::uint32_t* pixels,
                   std::size_t count)
 {
     using namespace pixelloops;
-    const std::size_t done = kHasAvx2 ? fogAvx2(colour, strengths, pixels, count)
-                                      : fogVectors<Sse2>(colour, strengths, pixels, count);
-    fogRowAcrossPlain(colour, strengths + done, pixels + done, count - done);
+    const auto fog = [=](const std::uint8_t* weights, std::uint32_t* run, std::size_t length) {
+        return kHasAvx2 ? fogAvx2(colour, weights, run, length)
+                        : fogVectors<Sse2>(colour, weights, run, length);
+    };
+    const std::size_t done = fog(strengths, pixels, count);
+    std::uint32_t rest[kMostPixels] = {};
+    std::uint8_t weights[kMostPixels] = {};
+    std::copy(pixels + done, pixels + count, rest);
+    std::copy(strengths + done, strengths + count, weights);
+    fog(weights, rest, kMostPixels);
+    std::copy_n(rest, count - done, pixels + done);
 }
 
 void copyUnlessKey(std::uint32_t key, const std::uint32_t* source, const std::uint32_t* pixels,
