@@ -45,10 +45,8 @@ struct Avx2
     static Reg bitAnd(Reg a, Reg b) { return _mm256_and_si256(a, b); }
     static Reg bitOr(Reg a, Reg b) { return _mm256_or_si256(a, b); }
     static Reg equal32(Reg a, Reg b) { return _mm256_cmpeq_epi32(a, b); }
-    static Reg select(Reg mask, Reg a, Reg b)
-    {
-        return _mm256_or_si256(_mm256_and_si256(mask, a), _mm256_andnot_si256(mask, b));
-    }
+    /// Masks are whole bytes.
+    static Reg select(Reg mask, Reg a, Reg b) { return _mm256_blendv_epi8(b, a, mask); }
     static bool isZero(Reg r) { return _mm256_testz_si256(r, r); }
     static bool equal(Reg a, Reg b) { return isZero(_mm256_xor_si256(a, b)); }
     /// Eight bytes, each in all four channels of its pixel.
