@@ -45,10 +45,8 @@ struct Avx2
     static Reg bitAnd(Reg a, Reg b) { return _mm256_and_si256(a, b); }
     static Reg bitOr(Reg a, Reg b) { return _mm256_or_si256(a, b); }
     static Reg equal32(Reg a, Reg b) { return _mm256_cmpeq_epi32(a, b); }
-    static Reg select(Reg mask, Reg a, Reg b)
-    {
-        return _mm256_or_si256(_mm256_and_si256(mask, a), _mm256_andnot_si256(mask, b));
-    }
+    /// Masks are whole bytes.
+    static Reg select(Reg mask, Reg a, Reg b) { return _mm256_blendv_epi8(b, a, mask); }
     static bool isZero(Reg r) { return _mm256_testz_si256(r, r); }
     static bool equal(Reg a, Reg b) { return isZero(_mm256_xor_si256(a, b)); }
     /// Eight bytes, each in all four channels of its pixel.
@@ -93,25 +91,6 @@ std::size_t copyUnlessKeyAvx2(std::uint32_t key, const std::uint32_t* source,
                               const std::uint32_t* pixels, std::uint8_t* target, std::size_t count)
 {
     return copyVectors<Avx2>(key, source, pixels, target, count);
-}
-
-std::size_t gatherAvx2(const std::uint8_t* pixels, const std::int32_t* places, std::uint32_t* out,
-                       std::size_t count, std::uint32_t& common)
-{
-    std::size_t i = 0;
-    __m256i all = _mm256_set1_epi32(-1);
-    for (; i + 8 <= count; i += 8) {
-        const __m256i indices = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(places + i));
-        const __m256i got =
-            _mm256_i32gather_epi32(reinterpret_cast<const int*>(pixels), indices, 4);
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + i), got);
-        all = _mm256_and_si256(all, got);
-    }
-    std::uint32_t lanes[8];
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(lanes), all);
-    for (const std::uint32_t lane : lanes)
-        common &= lane;
-    return i;
 }
 
 } // namespace varn::pixelloops

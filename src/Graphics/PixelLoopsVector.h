@@ -68,6 +68,7 @@ std::size_t blendVectors(const RowStyle& style, const std::uint8_t* source, std:
                          std::size_t count)
 {
     const RowConstants<V> k(style);
+    const bool keyed = style.keyed; // stores of bytes may alias what is behind the reference
     std::size_t i = 0;
     for (; i + V::kPixels <= count; i += V::kPixels) {
         const auto s = V::load(source + i * 4);
@@ -85,7 +86,7 @@ std::size_t blendVectors(const RowStyle& style, const std::uint8_t* source, std:
                     continue;
                 }
             }
-        } else if (style.keyed) {
+        } else if (keyed) {
             keep = V::bitOr(keep, V::equal32(V::bitAnd(s, k.colourMask), k.key));
         }
         if constexpr (!kAlpha && !kTone && !kFade) {

@@ -87,6 +87,8 @@ class QuadRow
         }
         while (!places.empty() && places.back() < 0)
             places = places.first(places.size() - 1);
+        if (places.empty())
+            return;
         if (!isOneRun(places) || !drawRun(places, row, column, out))
             drawPixels(places, row, column, out);
     }
@@ -200,10 +202,11 @@ void drawImageToQuad(const Image& source, const std::optional<Gradation>& gradat
     std::vector<std::int32_t> places(static_cast<std::size_t>(endColumn - firstColumn));
     QuadRow painter(paint, source, box);
     for (int row = firstRow; row < endRow; ++row) {
-        mapping.mapRow(row, firstColumn, places);
-        painter.draw(places, row, firstColumn,
+        const QuadMapping::Run run = mapping.mapRow(row, firstColumn, places);
+        const int column = firstColumn + static_cast<int>(run.first);
+        painter.draw(std::span(places).subspan(run.first, run.end - run.first), row, column,
                      target.getBits() + static_cast<std::size_t>(box.y + row) * target.getStride() +
-                         static_cast<std::size_t>(box.x + firstColumn) * 4);
+                         static_cast<std::size_t>(box.x + column) * 4);
     }
 }
 
@@ -221,6 +224,7 @@ Rect createWarpedImage(const Image& source, const QuadCorners& corners, Image& r
     const std::uint8_t* const pixels = source.getBitmap().getBits();
     std::vector<std::int32_t> places(static_cast<std::size_t>(result.getWidth()));
     for (int row = 0; row < result.getHeight(); ++row) {
+        std::fill(places.begin(), places.end(), -1);
         mapping.mapRow(row, 0, places);
         for (int x = 0; x < result.getWidth(); ++x) {
             const std::int32_t place = places[static_cast<std::size_t>(x)];

@@ -24,6 +24,16 @@ float linearRoot(double b, double c)
     return b == 0 ? 0.0F : static_cast<float>(-c) / static_cast<float>(b);
 }
 
+/// Keeps of a run what lies between two columns, and a few more: rounding moves them by far less.
+QuadMapping::Run clip(std::size_t count, double least, double most)
+{
+    constexpr double kSpare = 2;
+    const auto columns = static_cast<double>(count);
+    const double first = std::clamp(std::floor(least) - kSpare, 0.0, columns);
+    const double end = std::clamp(std::ceil(most) + kSpare, first, columns);
+    return {static_cast<std::size_t>(first), static_cast<std::size_t>(end)};
+}
+
 } // namespace
 
 QuadMapping::QuadMapping(const QuadCorners& q, const Rect& box, int sourceWidth, int sourceHeight)
@@ -117,7 +127,7 @@ void QuadMapping::mapWallRow(double dy, int first, std::span<std::int32_t> out) 
                       out);
 }
 
-void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out) const
+QuadMapping::Run QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out) const
 {
     const double linear = b.x * c.y - a.x * dy;
     const double constant = -(b.x * dy);
@@ -130,19 +140,27 @@ void QuadMapping::mapFloorRow(double dy, int first, std::span<std::int32_t> out)
             (2 * quadratic); // no number when negative: outside
     }
     const double y = (height - 1) * v;
-    const double divisor = a.x * v + b.x;
-    if (!(y >= 0 && y < height) || divisor == 0) {
-        const bool inside = y >= 0 && y < height; // then u is 0 all over
-        std::fill(out.begin(), out.end(), inside ? static_cast<std::int32_t>(y) * width : -1);
-        return;
+    if (!(y >= 0 && y < height))
+        return {};
+    const std::int32_t rowStart = static_cast<std::int32_t>(y) * width;
+    const double divisor = a.x * v + b.x, shift = c.x * v;
+    Run run{0, out.size()};
+    if (divisor == 0) { // u is 0 all over
+        std::fill(out.begin(), out.end(), rowStart);
+        return run;
+    }
+    if (divisor > 0) {
+        const double left = shift + origin.x - first;
+        run = clip(out.size(), left, left + divisor * width / (width - 1));
     }
     quadrows::floorRow({.first = -origin.x,
-                        .index = first,
-                        .shift = c.x * v,
+                        .index = first + static_cast<int>(run.first),
+                        .shift = shift,
                         .divisor = divisor,
-                        .rowStart = static_cast<std::int32_t>(y) * width,
+                        .rowStart = rowStart,
                         .width = width},
-                       out);
+                       out.subspan(run.first, run.end - run.first));
+    return run;
 }
 
 std::optional<std::int32_t> QuadMapping::levelRow(int row) const
@@ -160,26 +178,54 @@ void QuadMapping::mapFrontRow(int row, int first, std::span<std::int32_t> out) c
     const std::int32_t* const columns = sourceColumns.data() + first;
     const std::int32_t start = y * width;
     for (std::size_t i = 0; i < out.size(); ++i)
-        out[i] = y < 0 || columns[i] < 0 ? -1 : start + columns[i];
+        out[i] = columns[i] < 0 ? -1 : start + columns[i];
 }
 
-void QuadMapping::mapRow(int row, int first, std::span<std::int32_t> out) const
+QuadMapping::Run QuadMapping::wallRun(double dy, int first, std::size_t count) const
+{
+    // Where the wall has a height all along, a row meets its upper and its lower edge once each.
+    const bool upright = b.x > 0 && !linearParts.empty() && linearParts.front() > 0 &&
+                         linearParts.back() > 0 && std::isfinite(linearParts.front()) &&
+                         std::isfinite(linearParts.back());
+    if (!upright)
+        return {0, count};
+    const double past = static_cast<double>(height) / (height - 1); // v there is outside
+    double least = -1e9, most = 1e9;
+    if (b.y > 0)
+        most = b.x * dy / b.y;
+    else if (b.y < 0)
+        least = b.x * dy / b.y;
+    const double slope = past * a.y + b.y, lower = b.x * dy - past * b.x * c.y;
+    if (slope > 0)
+        least = std::max(least, lower / slope);
+    else if (slope < 0)
+        most = std::min(most, lower / slope);
+    return clip(count, least + origin.x - first, most + origin.x - first);
+}
+
+QuadMapping::Run QuadMapping::mapRow(int row, int first, std::span<std::int32_t> out) const
 {
     const double dy = row - origin.y;
+    Run run{0, out.size()};
     switch (shape) {
     case Shape::Front:
+        if (*levelRow(row) < 0)
+            return {};
         mapFrontRow(row, first, out);
         break;
     case Shape::Wall:
-        mapWallRow(dy, first, out);
+        run = wallRun(dy, first, out.size());
+        mapWallRow(dy, first + static_cast<int>(run.first),
+                   out.subspan(run.first, run.end - run.first));
         break;
     case Shape::Floor:
-        mapFloorRow(dy, first, out);
+        run = mapFloorRow(dy, first, out);
         break;
     case Shape::General:
         mapRowPlain(row, first, out);
         break;
     }
+    return run;
 }
 
 } // namespace varn

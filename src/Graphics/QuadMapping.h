@@ -22,9 +22,16 @@ class QuadMapping
     /// @param corners  relative to the box
     QuadMapping(const QuadCorners& corners, const Rect& box, int sourceWidth, int sourceHeight);
 
+    /// Some of the columns asked for.
+    struct Run
+    {
+        std::size_t first = 0, end = 0;
+    };
+
     /// @param first  first column of the box wanted; all wanted columns lie in the box
     /// @param out    output, a pixel index a column
-    void mapRow(int row, int first, std::span<std::int32_t> out) const;
+    /// @returns the columns that were set; those beside them lie outside
+    Run mapRow(int row, int first, std::span<std::int32_t> out) const;
     /// The picture's row that lies all along a row of the box, where there is one: a wall that
     /// faces the viewer. Rows of the box with the same one are the same. -1 outside.
     std::optional<std::int32_t> levelRow(int row) const;
@@ -43,9 +50,10 @@ class QuadMapping
     std::int32_t indexOf(double u, double v) const;
     std::int32_t solve(double dx, double dy) const;
     void prepareColumns(const Rect& box);
+    Run wallRun(double dy, int first, std::size_t count) const;
     void mapWallRow(double dy, int first, std::span<std::int32_t> out) const;
     void mapFrontRow(int row, int first, std::span<std::int32_t> out) const;
-    void mapFloorRow(double dy, int first, std::span<std::int32_t> out) const;
+    Run mapFloorRow(double dy, int first, std::span<std::int32_t> out) const;
 
     QuadPoint origin, a, b, c;
     double quadratic;

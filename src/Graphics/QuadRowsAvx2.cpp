@@ -57,6 +57,18 @@ FloorRow from(const FloorRow& row, std::size_t i)
     return rest;
 }
 
+/// Calls `work` with the first of eight places until all are done; the last eight may overlap those
+/// before them.
+template <class Work>
+void forEachEight(std::size_t count, Work work)
+{
+    std::size_t i = 0;
+    for (; i + kLanes <= count; i += kLanes)
+        work(i);
+    if (i < count && count >= kLanes)
+        work(count - kLanes);
+}
+
 } // namespace
 
 void wallRowAvx2(const WallRow& row, std::span<std::int32_t> out)
@@ -64,21 +76,21 @@ void wallRowAvx2(const WallRow& row, std::span<std::int32_t> out)
     const __m256 rowConstant = _mm256_set1_ps(static_cast<float>(row.rowConstant));
     const __m256 height = _mm256_set1_ps(static_cast<float>(row.height));
     const __m256i stride = _mm256_set1_epi32(row.width);
-    std::size_t i = 0;
-    for (; i + kLanes <= out.size(); i += kLanes) {
+    forEachEight(out.size(), [&](std::size_t i) {
         const __m256 y = _mm256_add_ps(_mm256_mul_ps(rowConstant, _mm256_loadu_ps(row.scale + i)),
                                        _mm256_loadu_ps(row.offset + i));
         const Guess at = guess(y, _mm256_loadu_ps(row.margin + i), height);
         if (!at.isSure) {
             wallRowPlain(from(row, i), out.subspan(i, kLanes));
-            continue;
+            return;
         }
         const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(row.columns + i));
         const __m256i index = _mm256_add_epi32(_mm256_mullo_epi32(at.index, stride), x);
         // A column outside the picture is all ones.
         store(out.data() + i, _mm256_or_si256(index, _mm256_srai_epi32(x, 31)), at.inside);
-    }
-    wallRowPlain(from(row, i), out.subspan(i));
+    });
+    if (out.size() < kLanes)
+        wallRowPlain(row, out);
 }
 
 void floorRowAvx2(const FloorRow& row, std::span<std::int32_t> out)
@@ -92,17 +104,17 @@ void floorRowAvx2(const FloorRow& row, std::span<std::int32_t> out)
     const __m256 margin = _mm256_set1_ps(static_cast<float>(largest * kRounding));
     const __m256 width = _mm256_set1_ps(static_cast<float>(row.width));
     const __m256i rowStart = _mm256_set1_epi32(row.rowStart);
-    __m256 column = _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7);
-    std::size_t i = 0;
-    for (; i + kLanes <= out.size(); i += kLanes) {
+    forEachEight(out.size(), [&](std::size_t i) {
+        const __m256 column = _mm256_add_ps(_mm256_set1_ps(static_cast<float>(i)),
+                                            _mm256_setr_ps(0, 1, 2, 3, 4, 5, 6, 7));
         const Guess at = guess(_mm256_add_ps(_mm256_mul_ps(column, steps), starts), margin, width);
         if (at.isSure)
             store(out.data() + i, _mm256_add_epi32(at.index, rowStart), at.inside);
         else
             floorRowPlain(from(row, i), out.subspan(i, kLanes));
-        column = _mm256_add_ps(column, _mm256_set1_ps(kLanes));
-    }
-    floorRowPlain(from(row, i), out.subspan(i));
+    });
+    if (out.size() < kLanes)
+        floorRowPlain(row, out);
 }
 
 } // namespace varn::quadrows

@@ -32,6 +32,7 @@ TEST(QuadMapping, ShortFormsGiveTheGeneralOnesPlaces)
         std::vector<std::int32_t> fast(static_cast<std::size_t>(c.width)), plain(fast);
         std::size_t inside = 0;
         for (int row = 0; row < c.height; ++row) {
+            std::fill(fast.begin(), fast.end(), -1);
             mapping.mapRow(row, 0, fast);
             mapping.mapRowPlain(row, 0, plain);
             ASSERT_EQ(fast, plain) << c.name << ", row " << row;
@@ -67,6 +68,7 @@ TEST(QuadMapping, RandomWallsAndFloorsAgreeToo)
         const QuadMapping mapping(corners, {0, 0, 120, 120}, width, 2 + round % 600);
         std::vector<std::int32_t> fast(117), plain(117);
         for (int row = round % 7; row < 120; row += 7) {
+            std::fill(fast.begin(), fast.end(), -1);
             mapping.mapRow(row, 3, fast);
             mapping.mapRowPlain(row, 3, plain);
             ASSERT_EQ(fast, plain) << "round " << round << ", row " << row;

@@ -72,8 +72,8 @@ StockImage::StockImage(const Image& source, const std::optional<Gradation>& fog,
             continue;
         }
         above = level;
-        mapping.mapRow(y - whole.y, left - whole.x, places);
-        const Span span = makeSpan(places, source, room);
+        const QuadMapping::Run run = mapping.mapRow(y - whole.y, left - whole.x, places);
+        const Span span = makeSpan(places, run.first, run.end, source, room);
         const auto count = static_cast<std::size_t>(span.end - span.first);
         if (fog)
             applyGradation(*fog, strengths, y - whole.y, left - whole.x + span.first,
@@ -85,11 +85,11 @@ StockImage::StockImage(const Image& source, const std::optional<Gradation>& fog,
     pool.giveBack(unused);
 }
 
-StockImage::Span StockImage::makeSpan(std::span<const std::int32_t> places, const Image& source,
+StockImage::Span StockImage::makeSpan(std::span<const std::int32_t> places, std::size_t first,
+                                      std::size_t end, const Image& source,
                                       std::uint32_t* pixels) const
 {
     // A quad of the view is convex: what lies inside a row is one run.
-    std::size_t first = 0, end = places.size();
     while (first < end && places[first] < 0)
         ++first;
     while (end > first && places[end - 1] < 0)

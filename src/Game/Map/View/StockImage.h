@@ -55,8 +55,9 @@ class StockImage
         bool opaque = true; ///< nothing below shows through
     };
 
-    Span makeSpan(std::span<const std::int32_t> places, const Image& source,
-                  std::uint32_t* pixels) const;
+    /// @param first, end  the columns of `places` that were mapped
+    Span makeSpan(std::span<const std::int32_t> places, std::size_t first, std::size_t end,
+                  const Image& source, std::uint32_t* pixels) const;
 
     Rect box; ///< on the view, clipped to it
     std::vector<Span> spans;
