@@ -48,7 +48,7 @@ class Calculator
     void run();
 
     Interpreter interpreter;
-    std::vector<Slot> slots;
+    std::vector<Slot> slots;     ///< none where the formula names no argument
     std::optional<int> constant; ///< result of a formula that is a number and nothing else
     bool running = false;
 };
