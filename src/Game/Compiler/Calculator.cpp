@@ -158,18 +158,28 @@ int CalculatorManager::calculate(std::int64_t row, std::span<const FormulaArg> a
     return data ? evaluate(data->getFormula(), arguments, prefix) : -1;
 }
 
+/// Throws where the formula does not compile; it is not kept then.
+CalculatorManager::Interpreters::value_type& CalculatorManager::ensure(const Sought& sought)
+{
+    const auto found = interpreters.find(sought);
+    if (found != interpreters.end())
+        return *found;
+    auto made = std::make_unique<Calculator>(sought.formula, sought.argumentCount, sought.prefix);
+    return *interpreters
+                .emplace(
+                    Wrapped{WString(sought.formula), sought.argumentCount, WString(sought.prefix)},
+                    std::move(made))
+                .first;
+}
+
 int CalculatorManager::evaluate(WStringView formula, std::span<const FormulaArg> arguments,
                                 WStringView prefix)
 {
-    auto found = interpreters.find(Sought{formula, arguments.size(), prefix});
-    if (found == interpreters.end()) {
-        auto made = std::make_unique<Calculator>(formula, arguments.size(), prefix);
-        found = interpreters
-                    .emplace(Wrapped{WString(formula), arguments.size(), WString(prefix)},
-                             std::move(made))
-                    .first;
-    }
-    Calculator& calculator = *found->second;
+    const Sought sought{formula, arguments.size(), prefix};
+    auto*& latest = recent[formula.size() % recent.size()];
+    if (!latest || !Same()(latest->first, sought))
+        latest = &ensure(sought);
+    Calculator& calculator = *latest->second;
     if (!calculator.isRunning())
         return calculator.calculate(arguments);
     return Calculator(formula, arguments.size(), prefix).calculate(arguments);
