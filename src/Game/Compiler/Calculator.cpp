@@ -3,6 +3,7 @@
 #include "Game/Database/StoryTables.h"
 #include "Parser/Tokenizer.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstring>
 
@@ -39,17 +40,27 @@ static bool isNumber(WStringView formula)
            (last.kind == Tokenizer::Kind::Integer || last.kind == Tokenizer::Kind::Real);
 }
 
+/// One of the letters of its arguments may stand in it, or what reads them by number.
+static bool namesArguments(WStringView formula, std::size_t argumentCount)
+{
+    const auto tokens = Tokenizer(formula).rest();
+    return std::any_of(tokens.begin(), tokens.end(), [argumentCount](const auto& token) {
+        const bool isLetter =
+            token.text.size() == 1 && token.text[0] >= u'a' && token.text[0] < u'a' + argumentCount;
+        return isLetter || token.text == u"_getArgs" || token.text == u"include";
+    });
+}
+
 Calculator::Calculator(WStringView formula, std::size_t argumentCount, WStringView prefix)
-    : slots(argumentCount)
+    : slots(!prefix.empty() || namesArguments(formula, argumentCount) ? argumentCount : 0)
 {
     for (Slot& slot : slots) {
         slot.box.type = HeapObject::Type::Box;
         slot.box.marked = true; // for good: no collector follows or frees it
     }
     interpreter.loadGlobalScript = false;
-    const bool isConstant = prefix.empty() && isNumber(formula);
-    interpreter.compile({}, wrap(formula, isConstant ? 0 : argumentCount, prefix));
-    if (!isConstant)
+    interpreter.compile({}, wrap(formula, slots.size(), prefix));
+    if (!prefix.empty() || !isNumber(formula))
         return;
     interpreter.execute();
     constant = interpreter.getReturn().toInt();
@@ -83,11 +94,11 @@ void Calculator::fill(Slot& slot, const FormulaArg& argument) const
 
 int Calculator::calculate(std::span<const FormulaArg> arguments)
 {
-    assert(arguments.size() == slots.size());
+    assert(slots.empty() || arguments.size() == slots.size());
     if (constant)
         return *constant;
     interpreter.reset();
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
+    for (std::size_t i = 0; i < slots.size(); ++i) {
         fill(slots[i], arguments[i]);
         interpreter.globalValues.push_back(OperandData::object(ValueKind::UserPtr, &slots[i].box));
     }
@@ -147,18 +158,28 @@ int CalculatorManager::calculate(std::int64_t row, std::span<const FormulaArg> a
     return data ? evaluate(data->getFormula(), arguments, prefix) : -1;
 }
 
+/// Throws where the formula does not compile; it is not kept then.
+CalculatorManager::Interpreters::value_type& CalculatorManager::ensure(const Sought& sought)
+{
+    const auto found = interpreters.find(sought);
+    if (found != interpreters.end())
+        return *found;
+    auto made = std::make_unique<Calculator>(sought.formula, sought.argumentCount, sought.prefix);
+    return *interpreters
+                .emplace(
+                    Wrapped{WString(sought.formula), sought.argumentCount, WString(sought.prefix)},
+                    std::move(made))
+                .first;
+}
+
 int CalculatorManager::evaluate(WStringView formula, std::span<const FormulaArg> arguments,
                                 WStringView prefix)
 {
-    auto found = interpreters.find(Sought{formula, arguments.size(), prefix});
-    if (found == interpreters.end()) {
-        auto made = std::make_unique<Calculator>(formula, arguments.size(), prefix);
-        found = interpreters
-                    .emplace(Wrapped{WString(formula), arguments.size(), WString(prefix)},
-                             std::move(made))
-                    .first;
-    }
-    Calculator& calculator = *found->second;
+    const Sought sought{formula, arguments.size(), prefix};
+    auto*& latest = recent[formula.size() % recent.size()];
+    if (!latest || !Same()(latest->first, sought))
+        latest = &ensure(sought);
+    Calculator& calculator = *latest->second;
     if (!calculator.isRunning())
         return calculator.calculate(arguments);
     return Calculator(formula, arguments.size(), prefix).calculate(arguments);

@@ -3,6 +3,7 @@
 #include "Game/Compiler/Interpreter.h"
 #include "Game/Compiler/Objects.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -48,7 +49,7 @@ class Calculator
     void run();
 
     Interpreter interpreter;
-    std::vector<Slot> slots;
+    std::vector<Slot> slots;     ///< none where the formula names no argument
     std::optional<int> constant; ///< result of a formula that is a number and nothing else
     bool running = false;
 };
@@ -104,7 +105,12 @@ class CalculatorManager
         static bool compare(const Sought& a, const Sought& b);
     };
 
-    std::unordered_map<Wrapped, std::unique_ptr<Calculator>, Hash, Same> interpreters;
+    using Interpreters = std::unordered_map<Wrapped, std::unique_ptr<Calculator>, Hash, Same>;
+    Interpreters::value_type& ensure(const Sought& sought);
+
+    Interpreters interpreters;
+    /// The last one of each of some lengths: a battle asks for a few formulas over and over.
+    std::array<Interpreters::value_type*, 16> recent{};
 };
 
 } // namespace varn
