@@ -45,7 +45,7 @@ void generateFloor(benchmark::State& state)
     const auto map = std::make_unique<WizMap>();
     map->cols = map->rows = kSize;
     for ([[maybe_unused]] auto _ : state)
-        generator::DungeonGenerator({}).generate(*map);
+        generator::DungeonGenerator(generator::GeneratorOptions()).generate(*map);
 }
 BENCHMARK(generateFloor)->Unit(benchmark::kMillisecond);
 
