@@ -34,7 +34,7 @@ std::optional<WString> readScript(Context& context, const WString& file)
 void printFaults(Context& context, const std::string& errors)
 {
     context.out().flush();
-    std::fputs(toUtf8(widen(errors)).c_str(), stderr);
+    std::fputs(errors.c_str(), stderr);
 }
 
 bool compile(Context& context, Interpreter& script, const WString& file)
@@ -57,7 +57,7 @@ void appendTo(Json& list, const CompileFailure& failure)
         list.push_back({{"code", static_cast<int>(error.code)},
                         {"file", jsonText(error.file)},
                         {"line", error.line},
-                        {"text", jsonText(error.text)}});
+                        {"text", error.text}});
 }
 
 Status check(Context& context, const Arguments& arguments)

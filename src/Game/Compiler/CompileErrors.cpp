@@ -37,7 +37,7 @@ std::string_view sentence(ErrorCode code)
 
 std::string CompileError::format() const
 {
-    return "Error: E" + std::to_string(static_cast<int>(code)) + " \"" + narrow(file) + "\"(" +
+    return "Error: E" + std::to_string(static_cast<int>(code)) + " \"" + toUtf8(file) + "\"(" +
            std::to_string(line) + "): " + text + "\n";
 }
 

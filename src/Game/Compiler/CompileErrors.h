@@ -40,14 +40,14 @@ struct CompileError
     ErrorCode code;
     WString file; ///< as the source or the `#include` names it
     std::uint32_t line;
-    std::string text; ///< what is wrong, in the process code page
+    std::string text; ///< what is wrong, in UTF-8
 
     /// `Error: E%d "%s"(%d): `, the text and a line feed.
     std::string format() const;
 };
 
-/// What a failed compilation throws: a std::string with all faults, a line each, and the faults one
-/// by one for who marks them in a source.
+/// What a failed compilation throws: a std::string with all faults in UTF-8, a line each, and the
+/// faults one by one for who marks them in a source.
 class CompileFailure : public std::string
 {
   public:

@@ -171,7 +171,7 @@ void Lexer::set(Token& token, TokenKind kind, int value)
 
 void Lexer::badCharacter(const Token& token, char16_t unit) const
 {
-    errors.fail({token.file, token.line}, "'" + narrow(WStringView(&unit, 1)) + "' is bad char");
+    errors.fail({token.file, token.line}, "'" + toUtf8(WStringView(&unit, 1)) + "' is bad char");
 }
 
 /// False when an `#include` stood there: reading goes on in the new text.
@@ -369,7 +369,7 @@ bool Lexer::include(const Token& token)
     script.savedPosition = static_cast<std::size_t>(at - script.text.c_str());
     script.savedLine = line;
     if (!sources.includeFile(name))
-        errors.fail({token.file, token.line}, "Couldn't open this file: " + narrow(name));
+        errors.fail({token.file, token.line}, "Couldn't open this file: " + toUtf8(name));
     enterSource();
     return false;
 }

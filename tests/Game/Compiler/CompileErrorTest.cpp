@@ -34,10 +34,11 @@ constexpr ErrorCase kErrorCases[] = {
     {"++a++;", "E101 (1): syntax error\n"},
     {"5 = 6;", "E101 (1): syntax error\n"},
     {"/* a **/ var x;", ""},
-    {"var a = 1;\n\xC3\xA9", "E101 (2): '?' is bad char\n"},
+    {"var a = 1;\n\xC3\xA9", "E101 (2): '\xC3\xA9' is bad char\n"},
     {"a @ b;", "E101 (1): '@' is bad char\n"},
     {"# include", "E101 (1): '#' is bad char\n"},
     {"\n#include \"nowhere.txt\"", "E101 (2): Couldn't open this file: nowhere.txt\n"},
+    {"#include \"nul\xC3\xA9.txt\"", "E101 (1): Couldn't open this file: nul\xC3\xA9.txt\n"},
     // Names.
     {"x;", "E201 (1): x is undefined variable\n"},
     {"x = 1;", "E201 (1): x is undefined variable\n"},
