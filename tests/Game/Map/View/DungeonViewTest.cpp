@@ -126,6 +126,7 @@ TEST_F(View, FogLeavesTheKeyColourClear)
     map.setWall(1, Direction::North, 5, 5);
     map.fogEnabled = true;
     map.fogColor = 0x0000FF;
+    map.setVisibleDistance(2);
     DungeonView view(map);
     Graphics surface;
     draw(view, surface, {5, 5, Direction::North});
