@@ -16,6 +16,19 @@ std::uint32_t toPixelOrder(std::uint32_t colourReference)
            (colourReference >> 16 & 0xFF);
 }
 
+/// Gives pixels of the key colour alpha 0 and all others 255, since fog changes colours; returns
+/// what all of them have in common.
+std::uint32_t turnKeyToAlpha(std::uint32_t key, std::span<std::uint32_t> pixels)
+{
+    std::uint32_t common = ~0U;
+    for (std::uint32_t& pixel : pixels) {
+        const std::uint32_t colour = pixel & 0xFFFFFF;
+        pixel = colour == key ? colour : colour | 0xFF000000;
+        common &= pixel;
+    }
+    return common;
+}
+
 } // namespace
 
 std::uint32_t* PixelPool::take(std::size_t count)
@@ -94,21 +107,18 @@ StockImage::Span StockImage::makeSpan(std::span<const std::int32_t> places, std:
         ++first;
     while (end > first && places[end - 1] < 0)
         --end;
-    const std::uint32_t common =
+    std::uint32_t common =
         gatherPixels(source.getBitmap().getBits(), places.data() + first, pixels, end - first);
-    bool opaque = !hasAlpha || common >> 24 == 255;
     if (keyed)
-        opaque = std::none_of(pixels, pixels + (end - first),
-                              [this](std::uint32_t p) { return (p & 0xFFFFFF) == key; });
+        common = turnKeyToAlpha(key, {pixels, end - first});
+    const bool opaque = !(hasAlpha || keyed) || common >> 24 == 255;
     return {pixels, static_cast<std::int32_t>(first), static_cast<std::int32_t>(end), opaque};
 }
 
 void StockImage::draw(Bitmap& view) const
 {
     RowStyle style;
-    style.hasAlpha = hasAlpha;
-    style.keyed = keyed;
-    style.key = key;
+    style.hasAlpha = hasAlpha || keyed;
     for (std::size_t row = 0; row < spans.size(); ++row) {
         const Span& span = spans[row];
         const auto count = static_cast<std::size_t>(span.end - span.first);

@@ -62,7 +62,7 @@ class StockImage
     Rect box; ///< on the view, clipped to it
     std::vector<Span> spans;
     bool hasAlpha;
-    bool keyed;
+    bool keyed; ///< by a colour; the pixels here carry it as alpha
     std::uint32_t key;
 };
 

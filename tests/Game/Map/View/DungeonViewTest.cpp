@@ -114,6 +114,26 @@ TEST_F(View, FogPullsFarWallsToItsColour)
     EXPECT_GT(farRed, 0);
 }
 
+TEST_F(View, FogLeavesTheKeyColourClear)
+{
+    Bitmap bars; // 24 bits: the colour of its first pixel is the key
+    bars.create(32, 32);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            bars.setPixelRgb(x, y, y < 16 ? 0x406080 : 0x00C000);
+    ASSERT_TRUE(bars.saveAs(u"bars.bmp"));
+    map.setImageName(ImageType::Wall, u"bars.bmp");
+    map.setWall(1, Direction::North, 5, 5);
+    map.fogEnabled = true;
+    map.fogColor = 0x0000FF;
+    map.setVisibleDistance(2);
+    DungeonView view(map);
+    Graphics surface;
+    draw(view, surface, {5, 5, Direction::North});
+    EXPECT_EQ(redAt(surface, 80, 45), 0); // a saved bitmap comes back upside down
+    EXPECT_GT(redAt(surface, 80, 75), 0);
+}
+
 TEST_F(View, AMissingPictureIsToldOnceAndLeftOut)
 {
     map.setImageName(ImageType::Wall, u"lost.png");
