@@ -129,13 +129,12 @@ Status photo(Context& context, const Arguments& arguments)
     loadPictureTables();
     WizMap map;
     map.load(mapFile(arguments.text("NAME")));
-    const bool changed = photoToMap(bitmap, options, map);
+    photoToMap(bitmap, options, map);
     options.store(settings);
     if (!map.save(map.fileName)) {
         host().showMessage(u"Couldn't save the .map file: " + mapFile(arguments.text("NAME")));
         return Status::Failed;
     }
-    context.out().line(changed ? "changed" : "unchanged");
     return Status::Done;
 }
 
