@@ -1,22 +1,7 @@
 #include "Audio/OggDecoder.h"
+#include "Decoder.h"
 
-#include <cstddef>
-#include <cstdint>
-
-// Any bytes as a .ogg file: refused, or a sound that can be filled to its end and sought.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    varn::OggDecoder decoder;
-    if (!decoder.openBytes({reinterpret_cast<const char*>(data), size}))
-        return 0;
-    std::byte buffer[8192];
-    decoder.seek(decoder.size / 2);
-    for (int count = 0; count < 64; ++count) {
-        const auto filled = decoder.fill(buffer, count % 2 != 0);
-        if (!filled.ok || filled.bytes > sizeof buffer)
-            __builtin_trap();
-        if (filled.ended)
-            break;
-    }
-    return 0;
+    return varn::fuzz::decode<varn::OggDecoder>(data, size);
 }

@@ -6,17 +6,6 @@
 
 namespace varn::driver {
 
-namespace {
-
-void appendHex(std::string& out, std::uint8_t byte)
-{
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    out += kDigits[byte >> 4];
-    out += kDigits[byte & 15];
-}
-
-} // namespace
-
 void printCells(Context& context, const WizMap& map)
 {
     if (context.json()) {
@@ -31,7 +20,7 @@ void printCells(Context& context, const WizMap& map)
                 line += ' ';
             for (const std::uint8_t byte :
                  {cell.north, cell.east, cell.south, cell.west, cell.floor})
-                appendHex(line, byte);
+                line += hexByte(byte);
         }
         context.out().line(std::string_view(line));
     }

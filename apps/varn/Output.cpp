@@ -90,6 +90,12 @@ void Output::record(const Json& fields)
         line(std::string_view(key + ": " + plainValue(value)));
 }
 
+std::string hexByte(std::uint8_t byte)
+{
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    return {kDigits[byte >> 4], kDigits[byte & 15]};
+}
+
 std::string jsonText(WStringView text)
 {
     return toUtf8(text);

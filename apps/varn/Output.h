@@ -5,6 +5,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <cstdint>
 #include <cstdio>
 
 namespace varn::driver {
@@ -43,6 +44,9 @@ class Output
 
 /// CR LF as LF; a CR by itself stays.
 std::string withLineFeeds(std::string text);
+
+/// Two hexadecimal digits, "0f".
+std::string hexByte(std::uint8_t byte);
 
 /// A wide text, or one in the process code page, as JSON holds it.
 std::string jsonText(WStringView text);

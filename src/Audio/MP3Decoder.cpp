@@ -62,7 +62,6 @@ bool MP3Decoder::openBytes(std::string bytes)
     channels = info->first.channels;
     samplesPerSecond = info->first.samplesPerSecond;
     bitsPerSample = 16;
-    lengthMilliseconds = info->milliseconds();
     setSamples(std::move(decoded));
     return true;
 }

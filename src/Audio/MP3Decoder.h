@@ -9,11 +9,6 @@ class MP3Decoder final : public MemoryDecoder
 {
   public:
     bool openBytes(std::string bytes) override;
-    /// As the frames' heads tell it.
-    std::uint32_t getLengthMilliseconds() const { return lengthMilliseconds; }
-
-  private:
-    std::uint32_t lengthMilliseconds = 0;
 };
 
 } // namespace varn

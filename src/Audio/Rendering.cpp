@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cassert>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace varn {
 
@@ -14,6 +16,8 @@ namespace {
 
 /// A wave file holds no more samples.
 constexpr std::uint64_t kMostBytes = UINT32_MAX - 64;
+/// Bytes of half a second; only a file that lies claims more.
+constexpr std::uint32_t kMostHalf = 1 << 24;
 
 /// How many bytes may be rendered, whole frames.
 std::uint64_t limitOf(const RenderOptions& options, std::uint32_t samplesPerSecond,
@@ -29,11 +33,11 @@ std::uint64_t limitOf(const RenderOptions& options, std::uint32_t samplesPerSeco
 
 /// Puts the head in front, now that the size is known.
 std::string waveFile(std::uint32_t channels, std::uint32_t samplesPerSecond,
-                     std::uint32_t bitsPerSample, const std::string& samples)
+                     std::uint32_t bitsPerSample, std::string samples)
 {
-    return waveHead(channels, samplesPerSecond, bitsPerSample,
-                    static_cast<std::uint32_t>(samples.size())) +
-           samples;
+    samples.insert(0, waveHead(channels, samplesPerSecond, bitsPerSample,
+                               static_cast<std::uint32_t>(samples.size())));
+    return samples;
 }
 
 /// Turns waits into samples.
@@ -57,7 +61,7 @@ class SongRenderer
         }
         return samples.size() < limit;
     }
-    const std::string& result() const { return samples; }
+    std::string result() && { return std::move(samples); }
 
   private:
     static constexpr std::uint64_t kFrame = Synth::kChannels * sizeof(std::int16_t);
@@ -75,7 +79,7 @@ std::string renderSound(PCMDecoder& decoder, const RenderOptions& options)
     const std::uint64_t limit =
         limitOf(options, decoder.samplesPerSecond, std::max(decoder.blockAlign(), 1U));
     std::string samples;
-    std::vector<std::byte> half(std::max(decoder.bytesPerSecond() / 2, 1U));
+    std::vector<std::byte> half(std::clamp(decoder.bytesPerSecond() / 2, 1U, kMostHalf));
     while (samples.size() < limit) {
         const PCMDecoder::Filled filled = decoder.fill(half, options.loop);
         const std::span part = std::span(half).first(filled.bytes);
@@ -85,7 +89,8 @@ std::string renderSound(PCMDecoder& decoder, const RenderOptions& options)
         if (!filled.ok || filled.ended || filled.bytes == 0)
             break;
     }
-    return waveFile(decoder.channels, decoder.samplesPerSecond, decoder.bitsPerSample, samples);
+    return waveFile(decoder.channels, decoder.samplesPerSecond, decoder.bitsPerSample,
+                    std::move(samples));
 }
 
 std::string renderSong(const MidiSong& song, const RenderOptions& options)
@@ -101,7 +106,7 @@ std::string renderSong(const MidiSong& song, const RenderOptions& options)
             break;
         sequencer.act();
     }
-    return waveFile(Synth::kChannels, Synth::kSamplesPerSecond, 16, renderer.result());
+    return waveFile(Synth::kChannels, Synth::kSamplesPerSecond, 16, std::move(renderer).result());
 }
 
 } // namespace varn

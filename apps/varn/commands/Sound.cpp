@@ -9,12 +9,6 @@ namespace varn::driver {
 
 namespace {
 
-std::string hex(std::uint8_t byte)
-{
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    return {kDigits[byte >> 4], kDigits[byte & 15]};
-}
-
 /// @throws UsageError  the rendering would never end
 RenderOptions renderOptions(const Arguments& arguments, std::string_view command)
 {
@@ -62,11 +56,12 @@ void printSong(Context& context, const MidiSong& song)
         tick += event.delta;
         std::string line = std::to_string(tick);
         if (event.isMeta())
-            line += " meta " + hex(event.metaType) + " " + std::to_string(event.data.size());
+            line += " meta " + hexByte(event.metaType) + " " + std::to_string(event.data.size());
         else if (event.isSystemExclusive())
             line += " sysex " + std::to_string(event.data.size());
         else
-            line += " " + hex(event.status) + " " + hex(event.data1) + " " + hex(event.data2);
+            line += " " + hexByte(event.status) + " " + hexByte(event.data1) + " " +
+                    hexByte(event.data2);
         context.out().line(std::string_view(line));
     }
     context.printRecord({{"length", song.length}, {"firstNote", song.firstNote}});

@@ -34,7 +34,7 @@ WString emptyText()
 /// `_ret` stays what it was.
 void globalWithAny(Interpreter&) {}
 
-using Stub = void (*)(GameClass&, std::string_view);
+using StandIn = void (*)(GameClass&, std::string_view);
 
 template <auto F>
 void addStatic(GameClass& made, std::string_view method)
@@ -46,16 +46,16 @@ void addMember(GameClass& made, std::string_view method)
 {
     made.addFunc<F>(method);
 }
-constexpr Stub kNone = &addStatic<&withoutArguments>;
-constexpr Stub kAny = &addStatic<&withAny>;
-constexpr Stub kInt = &addMember<&withInt>;
-constexpr Stub kText = &addStatic<&emptyText>;
+constexpr StandIn kNone = &addStatic<&withoutArguments>;
+constexpr StandIn kAny = &addStatic<&withAny>;
+constexpr StandIn kInt = &addMember<&withInt>;
+constexpr StandIn kText = &addStatic<&emptyText>;
 
-/// Methods of a class that one stub stands in for; blanks between the names.
+/// Methods of a class that one native stands in for; blanks between the names.
 struct Methods
 {
     std::string_view className;
-    Stub stub;
+    StandIn standIn;
     std::string_view names;
 };
 
@@ -108,7 +108,7 @@ void registerAll()
             finish();
             made = std::make_unique<GameClass>(std::string(row.className));
         }
-        forEachName(row.names, [&](std::string_view method) { row.stub(*made, method); });
+        forEachName(row.names, [&](std::string_view method) { row.standIn(*made, method); });
     }
     finish();
     forEachName(kFunctions,
