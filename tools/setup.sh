@@ -2,7 +2,8 @@
 # setup.sh SET...: installs the Debian packages of the sets that this machine lacks, and nothing else.
 # The one place that knows what the project needs:
 #   build   to compile and run the programs
-#   test    to compile and run the tests and the fuzz targets; the browser opens the web pages of maps
+#   test    to compile and run the tests and the fuzz targets; the browser opens the web pages of maps,
+#           the display server, window manager and pointer are for sessions in a real window
 #   bench   the peers that the benchmarks stand beside
 set -e
 
@@ -13,10 +14,10 @@ packages_of() {
             libcli11-dev nlohmann-json3-dev \
             libpng-dev zlib1g-dev libjpeg-dev libgif-dev \
             libvorbis-dev libmpg123-dev libfluidsynth-dev timgm6mb-soundfont \
-            qt6-base-dev fonts-vlgothic
+            libopenal-dev libsdl2-dev qt6-base-dev fonts-vlgothic
         ;;
-    test) echo libgtest-dev clang libclang-rt-14-dev python3 chromium ;;
-    bench) echo libbenchmark-dev libpugixml-dev libpcre2-dev lua5.4 liblua5.4-dev luajit libcairo2-dev ;;
+    test) echo libgtest-dev clang libclang-rt-14-dev python3 chromium xvfb xdotool imagemagick openbox ;;
+    bench) echo libbenchmark-dev libpugixml-dev libpcre2-dev lua5.4 liblua5.4-dev luajit libcairo2-dev tiled ;;
     *)
         echo "setup.sh: there is no set '$1'" >&2
         exit 2
