@@ -21,6 +21,7 @@ struct CanvasOptions
     bool events = true;
     bool areas = true;
     bool walker = true;
+    bool rowsFromBottom = true; ///< row numbers of the ruler as the game counts
 
     bool operator==(const CanvasOptions&) const = default;
 };
