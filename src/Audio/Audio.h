@@ -2,6 +2,7 @@
 
 #include "Util/Text.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -87,11 +88,10 @@ class Audio
   private:
     WString findMusic(WStringView name);
     WString findSound(WStringView name) const;
-    void startMusic(int mode);
-    bool openMusic(int mode);
+    void startMusic();
     bool playOn(IAudioPlayer& player);
-    bool openMp3();
-    void stopPlayers();
+    bool playMp3();
+    void stopPlayer();
 
     SoundOutput& output;
 
@@ -111,6 +111,8 @@ class Audio
     int loopMode = Once; // of currentPath
     WString folder;
     std::map<WString, WString> pathCache; // the name asked for, the file found
+
+    std::atomic<unsigned> soundStops = 0; // ends those who wait for an effect
 };
 
 } // namespace varn
