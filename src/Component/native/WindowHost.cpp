@@ -116,6 +116,11 @@ bool WindowHost::runProgram(WStringView program, WStringView words)
     return QProcess::startDetached(toQt(program), QProcess::splitCommand(toQt(words)));
 }
 
+bool WindowHost::startInFolder(WStringView program, WStringView folder)
+{
+    return QProcess::startDetached(toQt(program), {}, toQt(folder));
+}
+
 bool WindowHost::editText(WStringView path)
 {
     return openWithShell(path);
