@@ -40,6 +40,8 @@ class MapEditorListener
     virtual void eventSelected(std::optional<std::size_t> /*event*/) {}
     /// Another tool or layer is in force.
     virtual void toolChanged() {}
+    /// A button went down or up: what is erased, held or painted may be another.
+    virtual void gestureChanged() {}
     /// The rubber band was begun, drawn on or dropped.
     virtual void bandChanged() {}
     virtual void walkerMoved() {}

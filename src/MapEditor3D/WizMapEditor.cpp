@@ -170,8 +170,13 @@ void WizMapEditor::setScroll(MapCell cell)
 
 void WizMapEditor::press(MouseButton button, CanvasPoint point)
 {
-    if (!isVisible(point))
-        return;
+    if (isVisible(point))
+        beginGesture(button, point);
+    listeners.tell(&MapEditorListener::gestureChanged);
+}
+
+void WizMapEditor::beginGesture(MouseButton button, CanvasPoint point)
+{
     if (button == MouseButton::Right && mode == EditorMode::Event)
         return;
     if (!isGestureGoingOn())
@@ -209,6 +214,12 @@ void WizMapEditor::move(CanvasPoint point)
 
 void WizMapEditor::release(MouseButton button, CanvasPoint point)
 {
+    endGesture(button, point);
+    listeners.tell(&MapEditorListener::gestureChanged);
+}
+
+void WizMapEditor::endGesture(MouseButton button, CanvasPoint point)
+{
     bool& held = button == MouseButton::Left ? leftHeld : rightHeld;
     if (!std::exchange(held, false))
         return;
@@ -241,20 +252,23 @@ bool WizMapEditor::cancelGesture()
         listeners.tell(&MapEditorListener::areasChanged, wholeMap());
     }
     before.reset();
+    listeners.tell(&MapEditorListener::gestureChanged);
     return true;
 }
 
 void WizMapEditor::doubleClick(MouseButton button, CanvasPoint)
 {
-    leftHeld = rightHeld = false;
+    leftHeld = rightHeld = eventHeld = false;
+    before.reset();
     const bool dropsBand = cursor.band.has_value();
     cursor.band.reset();
+    const bool wasErasing = std::exchange(eraseStroke, eraseStroke && button == MouseButton::Left);
     if (dropsBand)
         tellBand();
-    if (button == MouseButton::Right && !std::exchange(eraseStroke, false))
-        return;
-    if (!dropsBand && mode == EditorMode::Tile && tool == EditorTool::Pen)
+    else if ((button == MouseButton::Left || wasErasing) && mode == EditorMode::Tile &&
+             tool == EditorTool::Pen)
         restoreMirror();
+    listeners.tell(&MapEditorListener::gestureChanged);
 }
 
 /// False: the value under the point is the selected one already.

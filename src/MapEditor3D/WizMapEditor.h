@@ -166,6 +166,8 @@ class WizMapEditor final : public MapEditing,
     bool isVisible(CanvasPoint point) const;
     MapCell bandEnd(CanvasPoint point) const;
 
+    void beginGesture(MouseButton button, CanvasPoint point);
+    void endGesture(MouseButton button, CanvasPoint point);
     void writeTile(int value, const CanvasCell& place);
     void paint(const CanvasCell& place);
     bool pick(CanvasPoint point);

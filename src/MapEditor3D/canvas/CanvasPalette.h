@@ -36,6 +36,8 @@ struct CanvasPalette
     ColourRef selection;            ///< frame of the selected event
     std::array<ColourRef, 8> areas; ///< tints, by an area's number modulo 8
     std::uint8_t tileDim;           ///< how much of `paper` lies over floor tiles: 0 none, 255 all
+
+    bool operator==(const CanvasPalette&) const = default;
 };
 
 const CanvasPalette& lightCanvasPalette();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Graphics/Graphics.h"
 #include "MapEditor3D/canvas/CanvasPalette.h"
+#include "MapEditor3D/canvas/Glyph.h"
 
 #include <unordered_map>
 
@@ -19,6 +19,9 @@ enum class EdgeRun
     Level,
     Upright
 };
+
+/// How thick a wall is drawn, in device pixels, between cells of a side of so many.
+int wallThickness(int side);
 
 /// The pictures of the wall kinds at one size, made when they are first asked for: a column of the
 /// project's wall strip, or a shape of our own. Kinds that no one knows have a shape too.
@@ -39,20 +42,13 @@ class EdgeTiles
     void draw(Graphics& target, int kind, EdgeRun run, Point middle, double opacity = 1);
 
   private:
-    /// A picture and where its corner lies from the middle of the edge.
-    struct Placed
-    {
-        Image picture;
-        Point corner;
-    };
     struct Tile
     {
-        Placed stroke, halo;
+        PlacedPicture stroke, halo;
     };
 
     Tile& tile(int kind, EdgeRun run);
     Tile makeFromStrip(int kind, EdgeRun run) const;
-    Tile makeGlyph(int kind, EdgeRun run) const;
 
     const Image* strip = nullptr;
     int side = 0;

@@ -1,30 +1,14 @@
 #pragma once
 
-#include "Game/Map/View/WizMapImage.h"
 #include "Graphics/Graphics.h"
 #include "MapEditor3D/MapEditorListener.h"
-#include "MapEditor3D/canvas/CanvasPalette.h"
-#include "MapEditor3D/canvas/CanvasView.h"
-#include "MapEditor3D/canvas/EdgeTiles.h"
-#include "MapEditor3D/canvas/TileStrip.h"
+#include "MapEditor3D/canvas/SheetPainter.h"
+#include "MapEditor3D/canvas/WarpWay.h"
 
 #include <optional>
 #include <vector>
 
 namespace varn {
-
-/// What the canvas shows beside floor and walls.
-struct CanvasOptions
-{
-    WallLook walls = WallLook::Strip;
-    bool grid = true;
-    bool events = true;
-    bool areas = true;
-    bool walker = true;
-    bool rowsFromBottom = true; ///< row numbers of the ruler as the game counts
-
-    bool operator==(const CanvasOptions&) const = default;
-};
 
 /// Paints the sheet of a map editor: paper, floor, grid, areas, events, walls, what a click would
 /// write, rubber band, warp arrow, walker, rulers. It listens to the editor, notes what changed and
@@ -61,25 +45,29 @@ class MapPainter final : private MapEditorListener
     std::vector<Rect> paint(Graphics& surface);
 
   private:
-    class Sheet;
-
-    void mapLoaded() override { invalidate(); }
+    void mapLoaded() override;
     void cellsChanged(const CellRect& cells) override { markCells(cells); }
     void eventsChanged() override;
     void areasChanged(const CellRect& cells) override;
-    void tileSelected(int) override { markHover(); }
+    void tileSelected(int) override;
     void eventSelected(std::optional<std::size_t>) override;
     void toolChanged() override;
+    void gestureChanged() override;
     void bandChanged() override;
     void walkerMoved() override;
 
-    void markCells(CellRect cells);
-    void markDevice(const Rect& rect);
+    void markCells(const CellRect& cells);
+    void mark(Rect device);
+    /// The four lines of a frame, and so many pixels around them.
+    void markFrame(const Rect& device, int around);
     void markHover();
     void markBand();
     void markWarp();
     void markWalker();
-    std::optional<Rect> bandOnDevice() const;
+    void markEvents();
+    void placeLabels();
+    std::vector<MapCell> eventCells() const;
+    Rect surfaceRect() const;
 
     WizMapEditor& editor;
     WizMapImage images{MapPictures::Plan};
@@ -90,10 +78,13 @@ class MapPainter final : private MapEditorListener
     CanvasOptions options;
     std::optional<CanvasCell> hover;
 
-    // What lies on the surface beside the cells, so that it can be taken off again.
-    std::optional<Rect> bandShown, warpShown;
+    // What was marked last of things beside the cells, so that it is taken off where it stood.
+    std::optional<MapCursor::Band> bandShown;
+    std::optional<WarpWay> warpShown;
     MapCell walkerShown;
     std::vector<MapCell> eventsShown;
+    std::vector<AreaLabel> labels;
+    bool labelsCurrent = false;
 
     bool allDirty = true;
     std::vector<Rect> dirty; ///< device pixels; few, and none inside another
