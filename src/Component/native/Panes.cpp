@@ -53,6 +53,12 @@ QFormLayout& formOf(BaseWindow& pane)
 
 } // namespace
 
+bool GroupComponent::create(BaseWindow* parent)
+{
+    children.clear(); // those of a native window before this one
+    return Component::create(parent);
+}
+
 NativeHandle GroupComponent::makeHandle(NativeHandle parent)
 {
     return container(new QWidget(widgetOf(parent)));
@@ -115,8 +121,14 @@ void Splitter::setSizes(const std::vector<int>& sizes)
 
 // TabbedPane
 
+TabbedPane::~TabbedPane()
+{
+    destroy(); // the strip goes before its pages, or their end would choose other ones
+}
+
 NativeHandle TabbedPane::makeHandle(NativeHandle parent)
 {
+    pages.clear(); // those of a native window before this one
     auto* const tabs = new QTabWidget(widgetOf(parent));
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int) { fireAction(); });
     return container(tabs);
@@ -148,8 +160,8 @@ void TabbedPane::applyTexts()
     if (!handle)
         return;
     for (std::size_t place = 0; place < pages.size(); ++place)
-        widgetAs<QTabWidget>(handle)->setTabText(
-            static_cast<int>(place), toQt(WStringView(translate(pages[place].title))));
+        widgetAs<QTabWidget>(handle)->setTabText(static_cast<int>(place),
+                                                 toQt(WStringView(translate(pages[place].title))));
 }
 
 // Layouts
