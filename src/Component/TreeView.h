@@ -9,8 +9,8 @@ class TreeItem
 {
   public:
     WString text;
-    WString icon;      ///< of the icon table; empty for none
-    int data = 0;      ///< the owner's own
+    WString icon; ///< of the icon table; empty for none
+    int data = 0; ///< the owner's own
     bool editable = false;
     bool bold = false; ///< the one that is open
     bool expanded = true;
@@ -57,7 +57,7 @@ class TreeView : public BaseTreePane
     void select(TreeItem* item);
     /// Opens the line of an item for a new text.
     void edit(TreeItem& item);
-    /// Items can be dragged to another place; `canHold` says into which.
+    /// Items can be dragged to another place; `canHold` says into which, the root among them.
     void setDraggable(std::function<bool(const TreeItem&)> canHold);
 
   protected:

@@ -243,6 +243,9 @@ void TreeView::setDraggable(std::function<bool(const TreeItem&)> canHold)
         return;
     treeOf(handle).setDragDropMode(QAbstractItemView::InternalMove);
     treeOf(handle).setDefaultDropAction(Qt::MoveAction);
+    Qt::ItemFlags top = Qt::ItemIsEnabled;
+    top.setFlag(Qt::ItemIsDropEnabled, canHoldItems(root));
+    treeOf(handle).invisibleRootItem()->setFlags(top);
     refresh();
 }
 
