@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <gtest/gtest.h>
 #include <thread>
 #include <vector>
 
@@ -32,7 +33,10 @@ class LoopbackOutput
         std::vector<std::int16_t> all;
         for (std::size_t done = 0; done < frames; done += kBlock) {
             const std::size_t count = std::min(kBlock, frames - done);
-            waitUntil([&] { return available >= static_cast<std::int64_t>(count); });
+            if (!waitUntil([&] { return available >= static_cast<std::int64_t>(count); })) {
+                ADD_FAILURE() << "the player wrote nothing behind frame " << done;
+                break;
+            }
             render(count, all);
         }
         return all;
