@@ -1,4 +1,5 @@
 #include "Game/Compiler/Script.h"
+#include "Audio/AudioManager.h"
 #include "Context.h"
 #include "Frames.h"
 #include "Game/Compiler/Calculator.h"
@@ -90,17 +91,44 @@ Status check(Context& context, const Arguments& arguments)
     return status;
 }
 
-/// What lies around a script that runs here.
-ScriptServices servicesOf(Context& context, InputState& input, Stage& stage)
+/// What lies around a script that runs here. Its sounds end with it.
+class Surroundings
 {
-    return {.settings = &context.session().getSettings(),
-            .input = &input,
-            .stage = &stage,
-            .texts = [&context]() -> StringTable& {
-                context.session().loadTexts();
-                return StringTable::instance();
-            }};
-}
+  public:
+    explicit Surroundings(Context& context) : context(context)
+    {
+        stage.setResolutionHandler([this](int width, int height) { stage.setSize(width, height); });
+    }
+    ~Surroundings()
+    {
+        if (audio)
+            audio->stopAll();
+    }
+    Surroundings(const Surroundings&) = delete;
+    Surroundings& operator=(const Surroundings&) = delete;
+
+    ScriptServices services()
+    {
+        return {.settings = &context.session().getSettings(),
+                .input = &input,
+                .stage = &stage,
+                .audio = [this]() -> AudioManager& {
+                    audio = &AudioManager::instance();
+                    return *audio;
+                },
+                .texts = [this]() -> StringTable& {
+                    context.session().loadTexts();
+                    return StringTable::instance();
+                }};
+    }
+
+    InputState input;
+    Stage stage;
+
+  private:
+    Context& context;
+    AudioManager* audio = nullptr; // once a script has asked for it
+};
 
 Status savePicture(Stage& stage, const Script& script, const WString& file)
 {
@@ -116,20 +144,19 @@ Status run(Context& context, const Arguments& arguments)
 {
     const Frames frames(arguments);
     registerClasses(arguments);
-    InputState input;
-    Stage stage;
-    stage.setResolutionHandler([&stage](int width, int height) { stage.setSize(width, height); });
+    Surroundings around(context);
     Script script;
-    script.setServices(servicesOf(context, input, stage));
+    script.setServices(around.services());
     script.setTraceListener([&context](WStringView text) { context.out().line(text); });
     if (!compile(context, script, arguments.text("FILE")))
         return Status::Failed;
     if (frames.isEmpty())
         script.execute();
-    else if (!frames.play(context, script, input))
+    else if (!frames.play(context, script, around.input))
         return Status::Failed;
-    return arguments.has("--picture") ? savePicture(stage, script, arguments.text("--picture"))
-                                      : Status::Done;
+    return arguments.has("--picture")
+               ? savePicture(around.stage, script, arguments.text("--picture"))
+               : Status::Done;
 }
 
 Status list(Context& context, const Arguments& arguments)

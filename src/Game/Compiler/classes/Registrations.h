@@ -19,6 +19,7 @@ void registerIniFile();
 void registerWinApi();
 
 // Of engine/, likewise; their table is in EngineClasses.cpp.
+void registerAudio();
 void registerGraphics();
 void registerTextAlign();
 void registerImage();

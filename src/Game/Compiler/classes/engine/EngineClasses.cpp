@@ -18,6 +18,7 @@ static void registerEvents()
 static bool registerAll()
 {
     registerStandardClasses();
+    registerAudio();
     registerGraphics();
     registerTextAlign();
     registerImage();
