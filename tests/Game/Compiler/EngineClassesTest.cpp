@@ -1,3 +1,5 @@
+#include "Audio/AudioManager.h"
+#include "Audio/SoundOutput.h"
 #include "Game/Database/StringTable.h"
 #include "ScriptRun.h"
 #include "Support/TemporaryProject.h"
@@ -220,6 +222,35 @@ TEST_F(Engine, TextsComeWhenTheyAreAskedFor)
           "StringTable.get(\"Shop\"));");
     EXPECT_EQ(traced, "GasthausShop ");
     EXPECT_EQ(table.getStrings().size(), 2U);
+}
+
+/// With a sound in the project and a device that cannot be opened: only the clock runs.
+TEST_F(Engine, PlaysThroughTheChannelsOfTheGame)
+{
+    const TemporaryProject project;
+    project.write("Audio/BGM/drip.wav", readSource("demo/Audio/BGS/drip.wav"));
+    project.write("Audio/SE/bell.wav", readSource("demo/Audio/SE/bell.wav"));
+    SoundOutput output(
+        []() -> std::unique_ptr<SoundDevice> { throw Exception(u"there is no device"); });
+    AudioManager audio(output);
+    script.setServices({.audio = [&audio]() -> AudioManager& { return audio; }});
+    start("Audio.playMusic(\"drip.wav\"); trace(Audio.getMusicPath());"
+          "trace(Audio.isMusicPlaying()); trace(\"was \" + Audio.playMusic(\"none.wav\"));"
+          "Audio.playMusic(\"drip.wav\", 0); Audio.setMusicCurrentPosition(500);"
+          "trace(Audio.getMusicCurrentPosition() >= 500); Audio.setMusicEnabled(0);"
+          "trace(Audio.getMusicCurrentPosition()); Audio.playSound(\"bell.wav\", 1);"
+          "trace(\"rings\");");
+    EXPECT_EQ(traced, "Audio/BGM/drip.wav 1 was Audio/BGM/drip.wav true 0 rings ");
+    EXPECT_FALSE(audio.isMusicPlaying());
+
+    // A stop does not wait for the sound to end.
+    script.compile(u"test", u"Audio.playSound(\"bell\");");
+    script.start();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const auto before = std::chrono::steady_clock::now();
+    script.stop();
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(500));
+    EXPECT_TRUE(host.messages.empty());
 }
 
 using Events = Engine;
