@@ -8,7 +8,7 @@
 // What compiles runs, for a while and in little memory, to its end or to a fault with a place.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    varn::registerEngineClasses();
+    varn::registerStandardClasses();
     varn::Interpreter script;
     script.loadGlobalScript = false;
     script.setMemoryLimit(std::size_t{16} << 20);
