@@ -9,8 +9,9 @@ class TreeItem
 {
   public:
     WString text;
-    WString icon;      ///< of the icon table; empty for none
-    int data = 0;      ///< the owner's own
+    WString mark; ///< shown behind the text, no part of it
+    WString icon; ///< of the icon table; empty for none
+    int data = 0; ///< the owner's own
     bool editable = false;
     bool bold = false; ///< the one that is open
     bool expanded = true;
@@ -49,6 +50,7 @@ class TreeView : public BaseTreePane
 {
   public:
     TreeItem& getRoot() { return root; }
+    const TreeItem& getRoot() const { return root; }
     void setListener(TreeViewListener* next) { listener = next; }
     TreeViewListener* getListener() const { return listener; }
     /// Shows the nodes as they are now; the selection stays where its node does.
