@@ -4,6 +4,7 @@
 #include "Component/native/NativeWindow.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace varn {
 
@@ -93,7 +94,8 @@ void BaseWindow::setLocation(int x, int y)
 NativeHandle BaseWindow::getHandle(int childId) const
 {
     for (const NativeHandle child : getChildren(handle))
-        if (const BaseWindow* const window = native::windowOf(child); window && window->id == childId)
+        if (const BaseWindow* const window = native::windowOf(child);
+            window && window->id == childId)
             return child;
     return nullptr;
 }
@@ -140,8 +142,7 @@ void BaseWindow::repaint(const Rect& rect, bool)
 
 void BaseWindow::destroy()
 {
-    native::destroy(handle);
-    handle = nullptr;
+    native::destroy(std::exchange(handle, nullptr));
 }
 
 bool BaseWindow::createTopLevel()
@@ -257,7 +258,8 @@ void BaseWindow::onSize(int, int) {}
 
 void BaseWindow::onDropFiles(const std::vector<std::filesystem::path>&) {}
 
-MessageResult BaseWindow::windowProc(NativeHandle, std::uint32_t message, WordParam, LongParam packed)
+MessageResult BaseWindow::windowProc(NativeHandle, std::uint32_t message, WordParam,
+                                     LongParam packed)
 {
     if (message == kSizeMessage)
         onSize(unpackX(packed), unpackY(packed));

@@ -36,6 +36,9 @@ class Button : public StateButton
 
   protected:
     NativeHandle makeHandle(NativeHandle parent) override;
+
+  private:
+    bool hasCaptionFace = false; ///< the machine has the face of captions; else the desktop's
 };
 
 } // namespace varn

@@ -23,6 +23,9 @@ class ComboBox : public Component
     bool paintsItself() const override { return false; }
     virtual bool hasEditPart() const { return true; }
     NativeHandle makeHandle(NativeHandle parent) override;
+
+  private:
+    void settle();
 };
 
 /// Without an edit part.

@@ -3,7 +3,9 @@
 #include "Component/Theme.h"
 #include "Component/native/NativeWindow.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace varn {
 
@@ -15,15 +17,21 @@ class FunctionListener final : public ActionListener
     explicit FunctionListener(std::function<void(const EventObject&)> action)
         : action(std::move(action))
     {}
-    void handleEvent(const EventObject& event) override { action(event); }
+    void handleEvent(const EventObject& event) override
+    {
+        const std::function<void(const EventObject&)> held = action; // it may end our life
+        held(event);
+    }
 
   private:
     std::function<void(const EventObject&)> action;
 };
 
+constexpr int kLargestSurface = 4096; // of a `Graphics`
+
 WString number(std::int64_t value)
 {
-    return widen(std::to_string(value));
+    return toDecimal(value);
 }
 
 WString quoted(WStringView name, const WString& value)
@@ -44,7 +52,12 @@ Component::Component()
     textColor = theme().faceText;
 }
 
-Component::~Component() = default;
+Component::~Component()
+{
+    // Dying controls still tell of changes, and what hears of them may be gone.
+    reset();
+    native::destroy(std::exchange(handle, nullptr));
+}
 
 void Component::on(WStringView key, std::function<void(const EventObject&)> action)
 {
@@ -57,24 +70,33 @@ void Component::onAction(std::function<void()> action)
     on(kActionListener, [action = std::move(action)](const EventObject&) { action(); });
 }
 
-void Component::destroy()
+void Component::reset()
 {
     backBuffer.reset();
-    hovering = focused = doubleBuffered = false;
-    if (handle) { // what listens to a window that is still to be made stays
-        listeners.clear();
-        ownListeners.clear();
-    }
+    hovering = focused = false;
+    doubleBuffered = true;
+    listeners.clear();
+    ownListeners.clear();
+}
+
+void Component::destroy()
+{
+    if (handle) // what listens to a window that is still to be made stays
+        reset();
     BaseWindow::destroy();
+}
+
+void Component::forgetHandle()
+{
+    BaseWindow::forgetHandle();
+    reset();
 }
 
 bool Component::create(BaseWindow* parent)
 {
     if (windowClass.empty())
         windowClass = u"Component";
-    const bool made = BaseWindow::create(parent);
-    doubleBuffered = true;
-    return made;
+    return BaseWindow::create(parent);
 }
 
 WString Component::toString() const
@@ -148,13 +170,15 @@ void Component::paintBackground(Graphics& graphics)
 void Component::fireEvent(int code)
 {
     if (code == 1 || !listeners.fire(kEventListener, EventObject(this, code)))
-        notifyParent(code);
+        notifyParent(code); // nobody was called, so we live
 }
 
 void Component::fireAction()
 {
+    const std::weak_ptr<const void> life = listeners.getLife();
     listeners.fire(kActionListener, ActionEvent(this, kClickedCode));
-    fireEvent(kClickedCode);
+    if (!life.expired())
+        fireEvent(kClickedCode);
 }
 
 bool Component::onChar(int, std::uint32_t)
@@ -178,13 +202,15 @@ bool Component::onKeyUp(int, std::uint32_t)
 void Component::onMouseEnter()
 {
     hovering = true;
-    repaint();
+    if (paintsItself())
+        repaint();
 }
 
 void Component::onMouseLeave()
 {
     hovering = false;
-    repaint();
+    if (paintsItself())
+        repaint();
 }
 
 bool Component::onMouseEvent(std::uint32_t message, int x, int y, WordParam wParam)
@@ -197,8 +223,9 @@ bool Component::onMouseEvent(std::uint32_t message, int x, int y, WordParam wPar
         return false;
     const MouseEvent event(this, static_cast<std::int32_t>(message), x, y,
                            static_cast<std::uint32_t>(wParam & 0xFFFF));
+    const std::weak_ptr<const void> life = listeners.getLife();
     listeners.fire(kMouseListener, event);
-    return dispatchMouse(event, message, wParam);
+    return life.expired() || dispatchMouse(event, message, wParam);
 }
 
 bool Component::dispatchMouse(const MouseEvent& event, std::uint32_t message, WordParam wParam)
@@ -239,8 +266,11 @@ double Component::getScale() const
 void Component::paintBuffered()
 {
     const double scale = getScale();
-    const int width = static_cast<int>(std::lround(getWidth() * scale));
-    const int height = static_cast<int>(std::lround(getHeight() * scale));
+    const auto pixels = [scale](int side) {
+        return std::min(kLargestSurface, static_cast<int>(std::lround(side * scale)));
+    };
+    const int width = pixels(getWidth());
+    const int height = pixels(getHeight());
     Rect dirty = native::getPaintRect(handle);
     if (!backBuffer || !doubleBuffered || backBuffer->getWidth() != width ||
         backBuffer->getHeight() != height) {
@@ -249,6 +279,10 @@ void Component::paintBuffered()
             return;
         paintBackground(*backBuffer);
         dirty = Rect(0, 0, width, height);
+    } else {
+        backBuffer->setFillColor(backColor);
+        backBuffer->setTextColor(textColor);
+        backBuffer->fillRect(dirty);
     }
     paint(*backBuffer, dirty);
     native::present(handle, backBuffer->getBitmap(), dirty, scale);

@@ -18,6 +18,7 @@ class Component : public BaseWindow
     ~Component() override;
 
     bool isHovering() const { return hovering; }
+    /// Of a component that stands: creating one turns it on.
     void setDoubleBuffered(bool value) { doubleBuffered = value; }
 
     ListenerList& getListeners() { return listeners; }
@@ -39,6 +40,7 @@ class Component : public BaseWindow
     void onAction(std::function<void()> action);
 
     void destroy() override;
+    void forgetHandle() override;
     bool create(BaseWindow* parent) override;
     WString toString() const override;
     WString toXml() const override;
@@ -77,8 +79,8 @@ class Component : public BaseWindow
     double getScale() const;
 
   protected:
-    /// Paints the part `dirty` of a surface as large as the window in device pixels. Outside of it
-    /// stands what was painted before.
+    /// Paints the part `dirty` of a surface as large as the window in device pixels. It holds the
+    /// background; outside of it stands what was painted before.
     virtual void paint(Graphics& /*graphics*/, const Rect& /*dirty*/) {}
     /// False for a control that the toolkit paints.
     virtual bool paintsItself() const { return true; }
@@ -86,6 +88,8 @@ class Component : public BaseWindow
     void fireAction();
 
   private:
+    /// To the state of a component without a native window.
+    void reset();
     void paintBuffered();
     bool dispatchMouse(const MouseEvent& event, std::uint32_t message, WordParam wParam);
 

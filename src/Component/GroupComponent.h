@@ -19,6 +19,8 @@ class GroupComponent : public Component
         return child;
     }
     const std::vector<std::unique_ptr<BaseWindow>>& getChildren() const { return children; }
+    using Component::create;
+    bool create(BaseWindow* parent) override;
 
   protected:
     bool paintsItself() const override { return false; }

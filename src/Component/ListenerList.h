@@ -4,6 +4,7 @@
 #include "Util/Text.h"
 
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace varn {
@@ -18,16 +19,25 @@ inline constexpr WStringView kChangeListener = u"ChangeListener";
 class ListenerList
 {
   public:
+    ListenerList() = default;
+    ~ListenerList() { lists->clear(); }
+    ListenerList(const ListenerList&) = delete;
+    ListenerList& operator=(const ListenerList&) = delete;
+
     /// Appends a listener; one that the key has already stays where it is.
     void addListener(WStringView key, EventListener* listener);
     void removeListener(WStringView key, EventListener* listener);
-    /// Calls the key's listeners in the order they were added; one may add and remove others.
-    /// False: the key has none.
+    /// Calls the key's listeners in the order they were added; one may add and remove others, and
+    /// may even end the life of the component that fires. False: the key has none.
     bool fire(WStringView key, const EventObject& event) const;
-    void clear() { lists.clear(); }
+    void clear() { lists->clear(); }
+    /// Expires when the list does.
+    std::weak_ptr<const void> getLife() const { return lists; }
 
   private:
-    std::map<WString, std::vector<EventListener*>, std::less<>> lists;
+    using Lists = std::map<WString, std::vector<EventListener*>, std::less<>>;
+    /// Shared with the calls of `fire` that are under way.
+    std::shared_ptr<Lists> lists = std::make_shared<Lists>();
 };
 
 } // namespace varn

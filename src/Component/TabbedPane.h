@@ -8,6 +8,8 @@ namespace varn {
 class TabbedPane : public Component
 {
   public:
+    ~TabbedPane() override;
+
     /// A page that the pane owns. @param english  its tab
     GroupComponent& addPage(WStringView english);
     int getSelectedPage() const;

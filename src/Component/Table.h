@@ -25,14 +25,15 @@ class Table : public Component
     bool create(BaseWindow* parent) override { return create(parent, true); }
 
     void setColumns(std::vector<Column> next);
-    /// Borrowed; null: an empty one.
-    void setModel(TableModel* next);
-    TableModel* getModel() const { return model; }
+    /// Borrowed; null: an empty one. A model that dies leaves the table empty.
+    virtual void setModel(TableModel* next);
+    TableModel* getModel() const;
 
-    int getSelectedRow() const; ///< -1: none
-    std::vector<int> getSelectedRows() const;
-    void selectRow(int row);
-    void ensureRowVisible(int row);
+    virtual int getSelectedRow() const; ///< -1: none
+    virtual std::vector<int> getSelectedRows() const;
+    /// -1: none.
+    virtual void selectRow(int row);
+    virtual void ensureRowVisible(int row);
     bool isRowChecked(int row) const;
     void setRowChecked(int row, bool checked);
     /// Shows only rows that hold the text in some column.
@@ -42,16 +43,26 @@ class Table : public Component
     void setSortable(bool sortable);
     void setMultipleSelection(bool multiple);
 
+    void onCreate() override;
+    void forgetHandle() override;
+    void destroy() override;
+
   protected:
     bool paintsItself() const override { return false; }
     NativeHandle makeHandle(NativeHandle parent) override;
     void applyTexts() override;
+    const std::vector<Column>& getColumns() const { return columns; }
+    const WString& getEmptyText() const { return emptyText; }
+    bool isHeaderShown() const { return header; }
+    /// Something of the model changed.
+    virtual void modelChanged(const TableModelEvent& event);
 
   private:
     struct Implementation;
+    void applyColumns();
+
     std::unique_ptr<Implementation> implementation;
     std::vector<Column> columns;
-    TableModel* model = nullptr;
     WString emptyText; // English
     bool header = true;
     bool checkable = false;

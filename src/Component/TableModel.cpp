@@ -19,7 +19,8 @@ bool TableModel::fireTableChanged(const TableModelEvent& event) const
 {
     const std::vector<TableModelListener*> heard = listeners;
     for (TableModelListener* const listener : heard)
-        listener->tableChanged(event);
+        if (std::ranges::find(listeners, listener) != listeners.end()) // none before took it away
+            listener->tableChanged(event);
     return !heard.empty();
 }
 

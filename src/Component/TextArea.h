@@ -16,6 +16,9 @@ class TextArea : public BaseWindow
     /// Letters of one width, as source text wants them.
     void setFixedPitch();
     void onChange(std::function<void()> action) { changed = std::move(action); }
+    /// Tab moves the focus, as in every control of the kit.
+    MessageResult windowProc(NativeHandle window, std::uint32_t message, WordParam wParam,
+                             LongParam lParam) override;
 
   protected:
     NativeHandle makeHandle(NativeHandle parent) override;

@@ -20,6 +20,9 @@ struct Theme
     std::uint32_t warning = 0x2020C0;    ///< what is wrong
 };
 
+/// Black or white, whichever can be read on a colour.
+std::uint32_t readableOn(std::uint32_t colour);
+
 /// The colours in force; light ones before a window toolkit runs.
 const Theme& theme();
 

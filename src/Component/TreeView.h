@@ -59,7 +59,7 @@ class TreeView : public BaseTreePane
     void select(TreeItem* item);
     /// Opens the line of an item for a new text.
     void edit(TreeItem& item);
-    /// Items can be dragged to another place; `canHold` says into which.
+    /// Items can be dragged to another place; `canHold` says into which, the root among them.
     void setDraggable(std::function<bool(const TreeItem&)> canHold);
 
   protected:

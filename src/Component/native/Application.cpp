@@ -47,7 +47,8 @@ void readTheme()
 QPalette makePalette(bool dark)
 {
     const QColor accent(0x2F, 0x6F, 0xB0);
-    QPalette palette = dark ? QPalette(QColor(0x33, 0x35, 0x38)) : QPalette(QColor(0xF0, 0xF0, 0xF1));
+    QPalette palette =
+        dark ? QPalette(QColor(0x33, 0x35, 0x38)) : QPalette(QColor(0xF0, 0xF0, 0xF1));
     if (dark) {
         palette.setColor(QPalette::Base, QColor(0x24, 0x26, 0x28));
         palette.setColor(QPalette::AlternateBase, QColor(0x2A, 0x2C, 0x2F));
@@ -56,6 +57,7 @@ QPalette makePalette(bool dark)
         palette.setColor(QPalette::ToolTipText, Qt::white);
     } else {
         palette.setColor(QPalette::PlaceholderText, QColor(0x60, 0x60, 0x60));
+        palette.setColor(QPalette::Button, QColor(0xE6, 0xE6, 0xE6));
     }
     palette.setColor(QPalette::Highlight, accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
@@ -85,6 +87,15 @@ const Theme& theme()
     return inForce;
 }
 
+std::uint32_t readableOn(std::uint32_t colour)
+{
+    constexpr double kRed = 0.2126, kGreen = 0.7152, kBlue = 0.0722; // shares of the luminance
+    const QColor back = native::toQt(colour);
+    const double light = kRed * back.redF() + kGreen * back.greenF() + kBlue * back.blueF();
+    constexpr double kMiddle = 0.5;
+    return light > kMiddle ? 0x000000 : 0xFFFFFF;
+}
+
 FontSpec defaultGuiFont()
 {
     FontSpec font;
@@ -108,8 +119,8 @@ Application::Application(int argumentCount, char** arguments)
     : implementation(std::make_unique<Implementation>())
 {
     // Without a display windows live in memory: a message can then be told on the console still.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") &&
-        qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);

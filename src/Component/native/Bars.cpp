@@ -1,3 +1,4 @@
+#include "Component/CoolBar.h"
 #include "Component/Statusbar.h"
 #include "Component/ToolBar.h"
 #include "Component/Translation.h"
@@ -8,6 +9,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QBoxLayout>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -98,12 +100,44 @@ void ToolBar::applyTexts()
         auto* const action = static_cast<QAction*>(row.action);
         const QString text = toQt(WStringView(translate(row.english)));
         action->setText(text);
-        action->setToolTip(row.shortcut.empty()
-                               ? text
-                               : text + QStringLiteral(" (") +
-                                     native::keysOf(row.shortcut).toString(QKeySequence::NativeText) +
-                                     QLatin1Char(')'));
+        action->setToolTip(
+            row.shortcut.empty()
+                ? text
+                : text + QStringLiteral(" (") +
+                      native::keysOf(row.shortcut).toString(QKeySequence::NativeText) +
+                      QLatin1Char(')'));
     }
+}
+
+// CoolBar
+
+NativeHandle CoolBar::makeHandle(NativeHandle parent)
+{
+    auto* const lines = new QWidget(widgetOf(parent));
+    auto* const column = new QVBoxLayout(lines);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    native::markContainer(lines);
+    bandCount = 0;
+    return handleOf(lines);
+}
+
+void CoolBar::addBand(BaseWindow& control, bool newLine)
+{
+    if (!handle)
+        return;
+    if (!control.getHandle())
+        control.create(this);
+    auto* const column = static_cast<QVBoxLayout*>(widgetOf(handle)->layout());
+    if (newLine || column->count() == 0) {
+        auto* const line = new QHBoxLayout;
+        line->setSpacing(0);
+        line->addStretch();
+        column->addLayout(line);
+    }
+    auto* const line = static_cast<QHBoxLayout*>(column->itemAt(column->count() - 1)->layout());
+    line->insertWidget(line->count() - 1, widgetOf(control.getHandle()));
+    bandCount += 1;
 }
 
 // Statusbar

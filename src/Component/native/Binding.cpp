@@ -2,12 +2,16 @@
 
 #include "Component/native/Qt.h"
 
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <cmath>
@@ -77,6 +81,14 @@ std::uint32_t firstMessageOf(Qt::MouseButton button)
     }
 }
 
+/// Controls that a wheel changes: one that turns to scroll the pane around them must not do so by
+/// accident.
+bool keepsWheelForFocus(const QWidget* widget)
+{
+    return qobject_cast<const QAbstractSpinBox*>(widget) ||
+           qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSlider*>(widget);
+}
+
 LongParam packed(QPointF point)
 {
     return packPoint(static_cast<int>(std::floor(point.x())),
@@ -138,6 +150,20 @@ void Binding::release(QWidget* widget)
     bindings().erase(widget);
 }
 
+void Binding::forgetAll(QWidget* top)
+{
+    QList<QWidget*> widgets = top->findChildren<QWidget*>();
+    widgets.push_back(top);
+    for (QWidget* const widget : widgets) {
+        BaseWindow* const window = windowOf(widget);
+        if (!window)
+            continue;
+        widget->blockSignals(true);
+        release(widget);
+        window->forgetHandle();
+    }
+}
+
 BaseWindow* Binding::windowOf(const QWidget* widget)
 {
     const Binding* const binding = find(widget);
@@ -147,11 +173,6 @@ BaseWindow* Binding::windowOf(const QWidget* widget)
 QRect Binding::paintRect()
 {
     return paintRectInForce;
-}
-
-QRegion Binding::pendingRegion(const QWidget* widget)
-{
-    return widget->visibleRegion();
 }
 
 bool Binding::send(std::uint32_t message, WordParam wParam, LongParam lParam)
@@ -176,6 +197,10 @@ bool Binding::sendMouse(const QMouseEvent& event)
 
 bool Binding::sendWheel(QEvent* event)
 {
+    if (keepsWheelForFocus(widget) && !widget->hasFocus()) {
+        event->ignore(); // it goes to what holds the control
+        return true;
+    }
     const auto& wheel = static_cast<const QWheelEvent&>(*event);
     const bool sideways = wheel.angleDelta().y() == 0;
     const int delta = sideways ? wheel.angleDelta().x() : wheel.angleDelta().y();
@@ -192,11 +217,12 @@ bool Binding::sendKey(const QKeyEvent& event)
     const int code = virtualKey(event.key());
     if (event.type() == QEvent::KeyRelease)
         return code != 0 && send(kKeyUpMessage, static_cast<WordParam>(code), flags);
+    const QPointer<Binding> life(this);
     if (code != 0 && send(kKeyDownMessage, static_cast<WordParam>(code), flags))
         return true;
     bool taken = false;
     for (const QChar unit : event.text())
-        taken = send(kCharMessage, unit.unicode(), flags) || taken;
+        taken = (life && send(kCharMessage, unit.unicode(), flags)) || taken;
     return taken;
 }
 
@@ -221,6 +247,13 @@ bool Binding::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != widget || !window)
         return false;
+    const QPointer<QWidget> life(widget);
+    const bool finished = translate(event);
+    return !life || finished; // a widget that a message ended gets no more events
+}
+
+bool Binding::translate(QEvent* event)
+{
     switch (event->type()) {
     case QEvent::Paint:
         paintRectInForce = static_cast<const QPaintEvent*>(event)->rect();

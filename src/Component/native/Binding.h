@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <QRect>
-#include <QRegion>
 #include <QWidget>
 
 class QKeyEvent;
@@ -27,14 +26,17 @@ class Binding final : public QObject
 
     /// The window is going: its widget sends no messages any more.
     static void release(QWidget* widget);
+    /// The widgets below and at `top` are going: their windows forget them before the first one
+    /// dies, so that none hears of the others' end.
+    static void forgetAll(QWidget* top);
     static BaseWindow* windowOf(const QWidget* widget);
     /// During a paint message.
     static QRect paintRect();
-    static QRegion pendingRegion(const QWidget* widget);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool translate(QEvent* event);
     static Binding* find(const QWidget* widget);
     bool send(std::uint32_t message, WordParam wParam = 0, LongParam lParam = 0);
     bool sendMouse(const QMouseEvent& event);

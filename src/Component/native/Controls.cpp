@@ -21,6 +21,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -131,7 +132,15 @@ MessageResult StateButton::windowProc(NativeHandle window, std::uint32_t message
 Button::Button(WStringView english)
 {
     constexpr std::uint32_t kButtonBack = 0xE6E6E6;
+    constexpr WStringView kCaptionFace = u"Comic Sans MS";
+    constexpr int kCaptionHeight = 15;
     backColor = kButtonBack;
+    if (native::hasFontFamily(kCaptionFace)) {
+        font.family = kCaptionFace;
+        font.height = kCaptionHeight;
+        font.bold = true;
+        hasCaptionFace = true;
+    }
     setLabel(english);
 }
 
@@ -168,6 +177,12 @@ NativeHandle Button::makeHandle(NativeHandle parent)
 {
     auto* const button = new QPushButton(widgetOf(parent));
     button->setAutoDefault(false);
+    if (hasCaptionFace) {
+        QFont face(toQt(WStringView(font.family)));
+        face.setPixelSize(font.height);
+        face.setWeight(QFont::DemiBold); // 600
+        button->setFont(face);
+    }
     QObject::connect(button, &QPushButton::clicked, button, [this] { fireAction(); });
     return handleOf(button);
 }
@@ -265,6 +280,26 @@ void ComboBox::setText(WStringView text)
         widgetAs<QComboBox>(handle)->setCurrentText(toQt(text));
 }
 
+/// What was typed becomes the entry it means: the equal one, else the first that holds it. Where
+/// there is none the entry before comes back.
+void ComboBox::settle()
+{
+    auto* const box = widgetAs<QComboBox>(handle);
+    const QString typed = box->currentText();
+    if (typed == box->itemText(box->currentIndex()))
+        return;
+    int entry = box->findText(typed, Qt::MatchFixedString);
+    if (entry < 0 && !typed.isEmpty())
+        entry = box->findText(typed, Qt::MatchContains);
+    const bool chosen = entry >= 0 && entry != box->currentIndex();
+    if (entry < 0)
+        entry = box->currentIndex();
+    box->setCurrentIndex(entry);
+    box->setEditText(box->itemText(entry));
+    if (chosen)
+        fireAction();
+}
+
 NativeHandle ComboBox::makeHandle(NativeHandle parent)
 {
     auto* const box = new QComboBox(widgetOf(parent));
@@ -278,6 +313,7 @@ NativeHandle ComboBox::makeHandle(NativeHandle parent)
         box->setInsertPolicy(QComboBox::NoInsert);
         box->completer()->setFilterMode(Qt::MatchContains);
         box->completer()->setCompletionMode(QCompleter::PopupCompletion);
+        QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, box, [this] { settle(); });
     }
     QObject::connect(box, &QComboBox::activated, box, [this](int) { fireAction(); });
     return handleOf(box);
@@ -379,6 +415,39 @@ NativeHandle Slider::makeHandle(NativeHandle parent)
     slider->setRange(least, most);
     QObject::connect(slider, &QSlider::valueChanged, slider, [this](int) { fireAction(); });
     return handleOf(slider);
+}
+
+void ScrollStrip::setRange(int whole, int page, int step)
+{
+    if (!handle)
+        return;
+    auto* const bar = widgetAs<QScrollBar>(handle);
+    const QSignalBlocker quiet(bar);
+    bar->setRange(0, std::max(0, whole - page));
+    bar->setPageStep(page);
+    bar->setSingleStep(step);
+}
+
+int ScrollStrip::getValue() const
+{
+    return handle ? widgetAs<QScrollBar>(handle)->value() : 0;
+}
+
+void ScrollStrip::setValue(int value)
+{
+    if (!handle)
+        return;
+    const QSignalBlocker quiet(widgetOf(handle));
+    widgetAs<QScrollBar>(handle)->setValue(value);
+}
+
+NativeHandle ScrollStrip::makeHandle(NativeHandle parent)
+{
+    auto* const bar = new QScrollBar(axis == Axis::Level ? Qt::Horizontal : Qt::Vertical,
+                                     widgetOf(parent));
+    bar->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(bar, &QScrollBar::valueChanged, bar, [this](int) { fireAction(); });
+    return handleOf(bar);
 }
 
 void ProgressBar::setValue(int value)

@@ -1,6 +1,7 @@
 #include "Component/Dialog.h"
 #include "Component/ProgressDialog.h"
 #include "Component/Translation.h"
+#include "Component/native/Binding.h"
 #include "Component/native/NativeWindow.h"
 #include "Component/native/Qt.h"
 
@@ -25,6 +26,7 @@ class DialogShell final : public QDialog
     ~DialogShell() override
     {
         Dialog::rememberedSizes()[dialog.english] = fromQt(geometry());
+        native::Binding::forgetAll(this);
         dialog.forgetHandle();
     }
 
@@ -65,8 +67,10 @@ std::map<WString, Rect>& Dialog::rememberedSizes()
 
 void Dialog::create(BaseWindow* parent)
 {
-    auto* const shell = new DialogShell(parent ? widgetOf(parent->getHandle())->window() : nullptr,
-                                        *this);
+    delete widgetOf(handle); // of a time before
+    result = Cancelled;
+    auto* const shell =
+        new DialogShell(parent ? widgetOf(parent->getHandle())->window() : nullptr, *this);
     handle = handleOf(shell);
     native::markContainer(shell);
     shell->setWindowTitle(toQt(WStringView(translate(english))));
@@ -110,16 +114,20 @@ int Dialog::doModal(BaseWindow* parent)
 {
     create(parent);
     opened();
+    if (!handle) // ended before it was shown
+        return result;
     const QPointer<DialogShell> shell(&shellOf(handle));
     shell->exec();
+    const int ended = shell ? result : static_cast<int>(Cancelled); // else the dialog is gone too
     delete shell.data();
-    return result;
+    return ended;
 }
 
 void Dialog::show(BaseWindow* parent)
 {
     create(parent);
     shellOf(handle).setModal(true);
+    shellOf(handle).setAttribute(Qt::WA_DeleteOnClose);
     shellOf(handle).show();
     opened();
 }

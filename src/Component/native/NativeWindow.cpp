@@ -6,8 +6,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QImage>
 #include <QPainter>
+#include <QTabBar>
+#include <algorithm>
 #include <cmath>
 
 namespace varn::native {
@@ -28,6 +31,11 @@ class Pane final : public QWidget
     }
 };
 
+bool isTabStrip(NativeHandle handle)
+{
+    return qobject_cast<QTabBar*>(widgetOf(handle)) != nullptr;
+}
+
 Qt::CursorShape shapeOf(Cursor cursor)
 {
     switch (cursor) {
@@ -37,6 +45,8 @@ Qt::CursorShape shapeOf(Cursor cursor)
         return Qt::PointingHandCursor;
     case Cursor::OpenHand:
         return Qt::OpenHandCursor;
+    case Cursor::SplitColumns:
+        return Qt::SplitHCursor;
     case Cursor::ClosedHand:
         return Qt::ClosedHandCursor;
     default:
@@ -155,6 +165,11 @@ void setFont(NativeHandle handle, const FontSpec& font)
     widgetOf(handle)->setFont(next);
 }
 
+bool hasFontFamily(WStringView family)
+{
+    return qApp && QFontDatabase::families().contains(toQt(family));
+}
+
 void setAcceptsDrops(NativeHandle handle, bool accepts)
 {
     if (handle)
@@ -193,7 +208,8 @@ void markContainer(QWidget* widget)
 bool isContainer(NativeHandle handle)
 {
     // What the toolkit puts between a pane and its controls holds only them.
-    return handle && (!windowOf(handle) || widgetOf(handle)->property(kContainer).toBool());
+    return handle && !isTabStrip(handle) &&
+           (!windowOf(handle) || widgetOf(handle)->property(kContainer).toBool());
 }
 
 bool isTopLevel(NativeHandle handle)
@@ -214,6 +230,7 @@ std::vector<NativeHandle> getChildren(NativeHandle handle)
     for (QObject* const child : widgetOf(handle)->children())
         if (child->isWidgetType() && !static_cast<QWidget*>(child)->isWindow())
             children.push_back(handleOf(static_cast<QWidget*>(child)));
+    std::ranges::stable_partition(children, isTabStrip); // read before the pages below it
     return children;
 }
 
@@ -234,8 +251,8 @@ void invalidate(NativeHandle handle, const Rect& rect)
 
 void update(NativeHandle handle)
 {
-    if (handle)
-        widgetOf(handle)->repaint(Binding::pendingRegion(widgetOf(handle)));
+    if (handle) // what `invalidate` asked for waits as a request of the window that holds it all
+        QCoreApplication::sendPostedEvents(widgetOf(handle)->window(), QEvent::UpdateRequest);
 }
 
 Rect getPaintRect(NativeHandle handle)
@@ -251,12 +268,12 @@ Rect getPaintRect(NativeHandle handle)
 
 void present(NativeHandle handle, const Bitmap& bitmap, const Rect& part, double scale)
 {
-    const QImage image(bitmap.getBits(), bitmap.getWidth(), bitmap.getHeight(),
-                       bitmap.getStride(), QImage::Format_RGB32);
+    const QImage image(bitmap.getBits(), bitmap.getWidth(), bitmap.getHeight(), bitmap.getStride(),
+                       QImage::Format_RGB32);
     QPainter painter(widgetOf(handle));
-    painter.drawImage(QRectF(part.x / scale, part.y / scale, part.width / scale,
-                             part.height / scale),
-                      image, QRectF(part.x, part.y, part.width, part.height));
+    painter.drawImage(
+        QRectF(part.x / scale, part.y / scale, part.width / scale, part.height / scale), image,
+        QRectF(part.x, part.y, part.width, part.height));
 }
 
 double getScale(NativeHandle handle)

@@ -34,6 +34,7 @@ void setAccessibleText(NativeHandle handle, WStringView name, WStringView descri
 /// Tells assistive technology that the description of a window changed.
 void announce(NativeHandle handle, WStringView text);
 void setFont(NativeHandle handle, const FontSpec& font);
+bool hasFontFamily(WStringView family);
 void setAcceptsDrops(NativeHandle handle, bool accepts);
 
 void setFocus(NativeHandle handle);
@@ -67,7 +68,8 @@ enum class Cursor
     Cross,
     Hand,
     OpenHand,
-    ClosedHand
+    ClosedHand,
+    SplitColumns
 };
 void setCursor(NativeHandle handle, Cursor cursor);
 /// `HeldKeys` now.

@@ -8,6 +8,7 @@
 
 #include <QBoxLayout>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QScrollArea>
 #include <QSplitter>
@@ -51,6 +52,12 @@ QFormLayout& formOf(BaseWindow& pane)
 }
 
 } // namespace
+
+bool GroupComponent::create(BaseWindow* parent)
+{
+    children.clear(); // those of a native window before this one
+    return Component::create(parent);
+}
 
 NativeHandle GroupComponent::makeHandle(NativeHandle parent)
 {
@@ -114,8 +121,14 @@ void Splitter::setSizes(const std::vector<int>& sizes)
 
 // TabbedPane
 
+TabbedPane::~TabbedPane()
+{
+    destroy(); // the strip goes before its pages, or their end would choose other ones
+}
+
 NativeHandle TabbedPane::makeHandle(NativeHandle parent)
 {
+    pages.clear(); // those of a native window before this one
     auto* const tabs = new QTabWidget(widgetOf(parent));
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int) { fireAction(); });
     return container(tabs);
@@ -147,8 +160,8 @@ void TabbedPane::applyTexts()
     if (!handle)
         return;
     for (std::size_t place = 0; place < pages.size(); ++place)
-        widgetAs<QTabWidget>(handle)->setTabText(
-            static_cast<int>(place), toQt(WStringView(translate(pages[place].title))));
+        widgetAs<QTabWidget>(handle)->setTabText(static_cast<int>(place),
+                                                 toQt(WStringView(translate(pages[place].title))));
 }
 
 // Layouts
@@ -180,6 +193,32 @@ BoxLayout& BoxLayout::addStretch()
 BoxLayout& BoxLayout::addSpace(int pixels)
 {
     boxOf(pane).addSpacing(pixels);
+    return *this;
+}
+
+GridLayout::GridLayout(BaseWindow& pane, int gap, BoxLayout::Margin margin) : pane(pane)
+{
+    auto* const grid = new QGridLayout(widgetOf(pane.getHandle()));
+    setMargin(*grid, margin);
+    grid->setSpacing(gap);
+}
+
+static QGridLayout& gridOf(BaseWindow& pane)
+{
+    return *static_cast<QGridLayout*>(widgetOf(pane.getHandle())->layout());
+}
+
+GridLayout& GridLayout::add(BaseWindow& child, int column, int row)
+{
+    make(child, pane);
+    gridOf(pane).addWidget(widgetOf(child.getHandle()), row, column);
+    return *this;
+}
+
+GridLayout& GridLayout::stretch(int column, int row)
+{
+    gridOf(pane).setColumnStretch(column, 1);
+    gridOf(pane).setRowStretch(row, 1);
     return *this;
 }
 

@@ -178,9 +178,9 @@ NativeHandle findByText(NativeHandle window, WStringView text)
     return nullptr;
 }
 
-void later(int milliseconds, void (*action)())
+void later(int milliseconds, std::function<void()> action)
 {
-    QTimer::singleShot(milliseconds, qApp, action);
+    QTimer::singleShot(milliseconds, qApp, std::move(action));
 }
 
 void grab(NativeHandle window, Bitmap& into)

@@ -5,6 +5,9 @@
 #include "Graphics/Bitmap.h"
 #include "Util/Text.h"
 
+#include <functional>
+#include <vector>
+
 /// Does what a person does, through the toolkit's own events: for tests that drive windows.
 namespace varn::robot {
 
@@ -37,7 +40,7 @@ NativeHandle frontDialog();
 /// A control below a window by its shown text, mnemonic left out; null: none.
 NativeHandle findByText(NativeHandle window, WStringView text);
 /// Runs an action a little later, as a dialog is waiting.
-void later(int milliseconds, void (*action)());
+void later(int milliseconds, std::function<void()> action);
 
 /// What a window shows.
 void grab(NativeHandle window, Bitmap& into);

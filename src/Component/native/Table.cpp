@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QSortFilterProxyModel>
 #include <QTableView>
+#include <algorithm>
 #include <set>
 
 namespace varn {
@@ -26,20 +27,29 @@ namespace {
 class ModelBridge final : public QAbstractTableModel
 {
   public:
-    TableModel* source = nullptr;
     bool checkable = false;
     std::set<int> checkedRows;
     QStringList headers;
 
+    void setSource(TableModel* next)
+    {
+        beginResetModel();
+        model = next;
+        life = next ? next->getLife() : std::weak_ptr<const void>();
+        checkedRows.clear();
+        endResetModel();
+    }
+    TableModel* getSource() const { return life.expired() ? nullptr : model; }
     void reset()
     {
         beginResetModel();
         endResetModel();
     }
+    void rowChanged(int row) { emit dataChanged(index(row, 0), index(row, columnCount({}) - 1)); }
 
     int rowCount(const QModelIndex& parent) const override
     {
-        return parent.isValid() || !source ? 0 : source->getRowCount();
+        return parent.isValid() || !getSource() ? 0 : getSource()->getRowCount();
     }
     int columnCount(const QModelIndex& parent) const override
     {
@@ -47,12 +57,19 @@ class ModelBridge final : public QAbstractTableModel
     }
     QVariant data(const QModelIndex& index, int role) const override
     {
+        const TableModel* const source = getSource();
         if (!source || !index.isValid() || index.row() >= source->getRowCount())
             return {};
         if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
             return toQt(WStringView(source->getValueAt(index.row(), index.column())));
         if (role == Qt::TextAlignmentRole && source->isNumber(index.column()))
             return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+        if (role == Qt::BackgroundRole || role == Qt::ForegroundRole) {
+            const std::optional<std::uint32_t> colour = source->getRowColor(index.row());
+            if (!colour)
+                return {};
+            return toQt(role == Qt::BackgroundRole ? *colour : readableOn(*colour));
+        }
         if (role == Qt::CheckStateRole && checkable && index.column() == 0)
             return checkedRows.contains(index.row()) ? Qt::Checked : Qt::Unchecked;
         return {};
@@ -80,6 +97,10 @@ class ModelBridge final : public QAbstractTableModel
             return headers[section];
         return {};
     }
+
+  private:
+    TableModel* model = nullptr;
+    std::weak_ptr<const void> life;
 };
 
 /// Order and filter of the view.
@@ -92,7 +113,7 @@ class RowOrder final : public QSortFilterProxyModel
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override
     {
         const QString a = left.data().toString(), b = right.data().toString();
-        if (bridge->source && bridge->source->isNumber(left.column()))
+        if (bridge->getSource() && bridge->getSource()->isNumber(left.column()))
             return a.toDouble() < b.toDouble();
         return QString::localeAwareCompare(a, b) < 0;
     }
@@ -131,11 +152,27 @@ struct Table::Implementation final : TableModelListener
         order.setFilterCaseSensitivity(Qt::CaseInsensitive);
     }
 
-    void tableChanged(const TableModelEvent&) override
+    void tableChanged(const TableModelEvent& event) override { owner.modelChanged(event); }
+    void followModel(const TableModelEvent& event)
     {
-        const int selected = owner.getSelectedRow();
+        if (event.id == TableModelEvent::Changed && event.row >= 0) {
+            bridge.rowChanged(event.row);
+            return;
+        }
+        const std::vector<int> selected = owner.getSelectedRows();
+        const int current = owner.getSelectedRow();
         bridge.reset();
-        owner.selectRow(selected);
+        owner.selectRow(current);
+        if (selected.size() > 1)
+            selectAlso(selected);
+    }
+    void selectAlso(const std::vector<int>& rows)
+    {
+        quiet = true;
+        for (const int row : rows)
+            view->selectionModel()->select(order.mapFromSource(bridge.index(row, 0)),
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        quiet = false;
     }
 
     Table& owner;
@@ -145,21 +182,48 @@ struct Table::Implementation final : TableModelListener
     bool quiet = false; // a selection that the program makes is no action
 };
 
-Table::Table() : implementation(std::make_unique<Implementation>(*this)) {}
+Table::Table() : implementation(std::make_unique<Implementation>(*this))
+{
+    constexpr std::uint32_t kExtendedStyle = 0x861;
+    windowClass = u"SysListView32";
+    extendedStyle = kExtendedStyle;
+}
 
 Table::~Table()
 {
-    setModel(nullptr);
-    if (handle) { // the view goes before the models it shows
-        native::destroy(handle);
-        handle = nullptr;
-    }
+    Table::setModel(nullptr);
+    Table::destroy(); // the view goes before the models it shows
+}
+
+void Table::destroy()
+{
+    implementation->view = nullptr;
+    Component::destroy();
+}
+
+void Table::forgetHandle()
+{
+    implementation->view = nullptr;
+    Component::forgetHandle();
+}
+
+void Table::onCreate()
+{
+    native::setTitle(handle, u"This is a Table");
+    applyColumns();
+}
+
+void Table::modelChanged(const TableModelEvent& event)
+{
+    implementation->followModel(event);
 }
 
 bool Table::create(BaseWindow* parent, bool showHeader, bool checkboxes)
 {
+    constexpr std::uint32_t kStyle = 0x56A10009, kCheckboxStyle = 0x56A11009;
     header = showHeader;
     checkable = checkboxes;
+    style = checkboxes ? kCheckboxStyle : kStyle;
     return Component::create(parent);
 }
 
@@ -182,11 +246,10 @@ NativeHandle Table::makeHandle(NativeHandle parent)
     view->horizontalHeader()->setVisible(header);
     view->horizontalHeader()->setHighlightSections(false);
     view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, view,
-                     [this] {
-                         if (!implementation->quiet)
-                             fireAction();
-                     });
+    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, view, [this] {
+        if (!implementation->quiet)
+            fireAction();
+    });
     QObject::connect(view, &QAbstractItemView::activated, view, [this] { fireEvent(kReturnCode); });
     return handleOf(view);
 }
@@ -194,9 +257,9 @@ NativeHandle Table::makeHandle(NativeHandle parent)
 void Table::applyTexts()
 {
     Component::applyTexts();
-    if (!handle)
-        return;
     Implementation& own = *implementation;
+    if (!own.view)
+        return;
     own.bridge.headers.clear();
     for (const Column& column : columns)
         own.bridge.headers << toQt(WStringView(translate(column.english)));
@@ -209,10 +272,15 @@ void Table::applyTexts()
 void Table::setColumns(std::vector<Column> next)
 {
     columns = std::move(next);
+    applyTexts();
+    applyColumns();
+}
+
+void Table::applyColumns()
+{
     Implementation& own = *implementation;
     if (!own.view)
         return;
-    applyTexts();
     own.bridge.reset();
     QHeaderView& headerView = *own.view->horizontalHeader();
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
@@ -226,18 +294,21 @@ void Table::setColumns(std::vector<Column> next)
 
 void Table::setModel(TableModel* next)
 {
-    if (model)
-        model->removeTableModelListener(implementation.get());
-    model = next;
-    if (model)
-        model->addTableModelListener(implementation.get());
-    implementation->bridge.source = model;
-    implementation->bridge.reset();
+    if (TableModel* const before = getModel())
+        before->removeTableModelListener(implementation.get());
+    if (next)
+        next->addTableModelListener(implementation.get());
+    implementation->bridge.setSource(next);
+}
+
+TableModel* Table::getModel() const
+{
+    return implementation->bridge.getSource();
 }
 
 int Table::getSelectedRow() const
 {
-    if (!handle)
+    if (!implementation->view)
         return -1;
     const QModelIndex index = implementation->view->currentIndex();
     return index.isValid() ? implementation->order.mapToSource(index).row() : -1;
@@ -246,17 +317,18 @@ int Table::getSelectedRow() const
 std::vector<int> Table::getSelectedRows() const
 {
     std::vector<int> rows;
-    if (handle)
+    if (implementation->view)
         for (const QModelIndex& index : implementation->view->selectionModel()->selectedRows())
             rows.push_back(implementation->order.mapToSource(index).row());
+    std::ranges::sort(rows);
     return rows;
 }
 
 void Table::selectRow(int row)
 {
-    if (!handle)
-        return;
     Implementation& own = *implementation;
+    if (!own.view)
+        return;
     own.quiet = true;
     const QModelIndex index = own.order.mapFromSource(own.bridge.index(row, 0));
     if (index.isValid())
@@ -268,7 +340,7 @@ void Table::selectRow(int row)
 
 void Table::ensureRowVisible(int row)
 {
-    if (handle)
+    if (implementation->view)
         implementation->view->scrollTo(
             implementation->order.mapFromSource(implementation->bridge.index(row, 0)));
 }
@@ -297,7 +369,7 @@ void Table::setEmptyText(WStringView english)
 
 void Table::setSortable(bool sortable)
 {
-    if (!handle)
+    if (!implementation->view)
         return;
     implementation->view->setSortingEnabled(sortable);
     if (sortable)
@@ -306,7 +378,7 @@ void Table::setSortable(bool sortable)
 
 void Table::setMultipleSelection(bool multiple)
 {
-    if (handle)
+    if (implementation->view)
         implementation->view->setSelectionMode(multiple ? QAbstractItemView::ExtendedSelection
                                                         : QAbstractItemView::SingleSelection);
 }

@@ -40,6 +40,17 @@ void TextArea::setFixedPitch()
     widgetOf(handle)->setFont(font);
 }
 
+MessageResult TextArea::windowProc(NativeHandle window, std::uint32_t message, WordParam wParam,
+                                   LongParam lParam)
+{
+    const bool isPlainTab = message == kKeyDownMessage && wParam == kKeyTab &&
+                            (lParam & (kHeldControl | kHeldAlt)) == 0;
+    if (!isPlainTab)
+        return BaseWindow::windowProc(window, message, wParam, lParam);
+    moveFocus((lParam & kHeldShift) == 0);
+    return 1;
+}
+
 void TextArea::tellChange()
 {
     if (changed)

@@ -36,10 +36,6 @@ TreeItem* itemOf(const QTreeWidgetItem* line)
     return line ? static_cast<TreeItem*>(line->data(0, kItemRole).value<void*>()) : nullptr;
 }
 
-} // namespace
-
-namespace {
-
 /// A line that shows its item's text with the mark and is edited without it.
 class Line final : public QTreeWidgetItem
 {
@@ -262,6 +258,9 @@ void TreeView::setDraggable(std::function<bool(const TreeItem&)> canHold)
         return;
     treeOf(handle).setDragDropMode(QAbstractItemView::InternalMove);
     treeOf(handle).setDefaultDropAction(Qt::MoveAction);
+    Qt::ItemFlags top = Qt::ItemIsEnabled;
+    top.setFlag(Qt::ItemIsDropEnabled, canHoldItems(root));
+    treeOf(handle).invisibleRootItem()->setFlags(top);
     refresh();
 }
 
