@@ -70,6 +70,8 @@ class NativeTree final : public QTreeWidget
                 [this](QTreeWidgetItem* line) { tell(line, &TreeViewListener::itemActivated); });
         connect(this, &QTreeWidget::itemChanged, this,
                 [this](QTreeWidgetItem* line) { renamed(line); });
+        connect(this, &QTreeWidget::itemChanged, this,
+                [this](QTreeWidgetItem* line) { checked(line); });
         connect(this, &QTreeWidget::itemExpanded, this,
                 [this](QTreeWidgetItem* line) { expanded(line, true); });
         connect(this, &QTreeWidget::itemCollapsed, this,
@@ -128,6 +130,10 @@ class NativeTree final : public QTreeWidget
             flags.setFlag(Qt::ItemIsDropEnabled, view.canHoldItems(item));
         }
         line->setFlags(flags);
+        if (item.checked) {
+            line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
+            line->setCheckState(0, *item.checked ? Qt::Checked : Qt::Unchecked);
+        }
         if (item.bold) {
             QFont font = line->font(0);
             font.setBold(true);
@@ -163,6 +169,16 @@ class NativeTree final : public QTreeWidget
             item->text = text;
         const QSignalBlocker quiet(this);
         line->setText(0, toQt(WStringView(item->text)));
+    }
+    void checked(const QTreeWidgetItem* line)
+    {
+        TreeItem* const item = itemOf(line);
+        const bool isChecked = line->checkState(0) == Qt::Checked;
+        if (!item || !item->checked || *item->checked == isChecked)
+            return;
+        item->checked = isChecked;
+        if (view.listener)
+            view.listener->itemChecked(*item);
     }
     void expanded(const QTreeWidgetItem* line, bool open)
     {

@@ -16,7 +16,7 @@
 #include "MapEditor3D/frame/dialogs/ResourceManagerDialog.h"
 #include "MapEditor3D/frame/panes/PrintMapDialog.h"
 #include "MapEditor3D/frame/panes/WizEventTileDialog.h"
-#include "MapEditor3D/project/OpenProject.h"
+#include "MapEditor3D/project/NewProject.h"
 #include "Util/Host.h"
 
 namespace varn {
