@@ -11,6 +11,7 @@ class TreeItem
 {
   public:
     WString text;
+    WString mark; ///< shown behind the text, no part of it
     WString icon; ///< of the icon table; empty for none
     int data = 0; ///< the owner's own
     bool editable = false;
@@ -54,6 +55,7 @@ class TreeView : public BaseTreePane
 {
   public:
     TreeItem& getRoot() { return root; }
+    const TreeItem& getRoot() const { return root; }
     void setListener(TreeViewListener* next) { listener = next; }
     TreeViewListener* getListener() const { return listener; }
     /// Shows the nodes as they are now; the selection stays where its node does.

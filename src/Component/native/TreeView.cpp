@@ -36,6 +36,21 @@ TreeItem* itemOf(const QTreeWidgetItem* line)
     return line ? static_cast<TreeItem*>(line->data(0, kItemRole).value<void*>()) : nullptr;
 }
 
+/// A line that shows its item's text with the mark and is edited without it.
+class Line final : public QTreeWidgetItem
+{
+  public:
+    explicit Line(const WString& mark) : mark(toQt(WStringView(mark))) {}
+    QVariant data(int column, int role) const override
+    {
+        const QVariant value = QTreeWidgetItem::data(column, role);
+        return role == Qt::DisplayRole ? value.toString() + mark : value;
+    }
+
+  private:
+    QString mark;
+};
+
 } // namespace
 
 /// The toolkit's tree, with lines for the items.
@@ -103,7 +118,7 @@ class NativeTree final : public QTreeWidget
   private:
     QTreeWidgetItem* makeLine(TreeItem& item) const
     {
-        auto* const line = new QTreeWidgetItem; // owned by its parent
+        auto* const line = new Line(item.mark); // owned by its parent
         line->setText(0, toQt(WStringView(item.text)));
         line->setData(0, kItemRole, QVariant::fromValue(static_cast<void*>(&item)));
         if (!item.icon.empty())
@@ -147,7 +162,7 @@ class NativeTree final : public QTreeWidget
     void renamed(QTreeWidgetItem* line)
     {
         TreeItem* const item = itemOf(line);
-        const WString text = fromQt(line->text(0));
+        const WString text = fromQt(line->data(0, Qt::EditRole).toString());
         if (!item || text == item->text)
             return;
         if (!view.listener || view.listener->itemRenamed(*item, text))
