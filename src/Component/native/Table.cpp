@@ -40,6 +40,18 @@ class ModelBridge final : public QAbstractTableModel
         endResetModel();
     }
     TableModel* getSource() const { return life.expired() ? nullptr : model; }
+    /// Other columns are another model; other words for them are not.
+    void setHeaders(QStringList next)
+    {
+        const bool isOther = next.size() != headers.size();
+        if (isOther)
+            beginResetModel();
+        headers = std::move(next);
+        if (isOther)
+            endResetModel();
+        else if (!headers.isEmpty())
+            emit headerDataChanged(Qt::Horizontal, 0, static_cast<int>(headers.size()) - 1);
+    }
     void reset()
     {
         beginResetModel();
@@ -260,12 +272,11 @@ void Table::applyTexts()
     Implementation& own = *implementation;
     if (!own.view)
         return;
-    own.bridge.headers.clear();
+    QStringList headers;
     for (const Column& column : columns)
-        own.bridge.headers << toQt(WStringView(translate(column.english)));
+        headers << toQt(WStringView(translate(column.english)));
+    own.bridge.setHeaders(std::move(headers));
     own.view->emptyText = emptyText.empty() ? QString() : toQt(WStringView(translate(emptyText)));
-    if (!columns.empty())
-        emit own.bridge.headerDataChanged(Qt::Horizontal, 0, static_cast<int>(columns.size()) - 1);
     own.view->viewport()->update();
 }
 

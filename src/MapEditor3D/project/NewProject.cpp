@@ -17,13 +17,20 @@ namespace {
 
 /// What a project consists of.
 constexpr const char* kFolders[] = {
-    "Audio/BGM",           "Audio/BGS",
-    "Audio/SE",            "Data",
-    "Dungeon",             "Graphics/Backgrounds",
-    "Graphics/Dungeon/Ceilings", "Graphics/Dungeon/Doors",
-    "Graphics/Dungeon/Floors",   "Graphics/Dungeon/Walls",
-    "Graphics/Enemies",    "Graphics/System",
-    "Graphics/Tile",       "Scripts",
+    "Audio/BGM",
+    "Audio/BGS",
+    "Audio/SE",
+    "Data",
+    "Dungeon",
+    "Graphics/Backgrounds",
+    "Graphics/Dungeon/Ceilings",
+    "Graphics/Dungeon/Doors",
+    "Graphics/Dungeon/Floors",
+    "Graphics/Dungeon/Walls",
+    "Graphics/Enemies",
+    "Graphics/System",
+    "Graphics/Tile",
+    "Scripts",
 };
 constexpr const char* kFromDemo = "FromDemo.txt"; // paths, a line each
 constexpr const char* kSystemTable = "Data/System.xml";

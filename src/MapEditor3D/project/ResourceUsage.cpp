@@ -52,8 +52,7 @@ void ResourceUsage::read(WStringView folder)
         const fs::path extension = at->path().extension();
         if (!at->is_regular_file(fault) || (extension != ".xml" && extension != ".txt"))
             continue;
-        const WString name =
-            WString(folder) + u"/" + toWide(at->path().lexically_relative(root));
+        const WString name = WString(folder) + u"/" + toWide(at->path().lexically_relative(root));
         if (name == kCatalogue)
             continue;
         if (const auto file = readTextFile(at->path()))
@@ -70,8 +69,7 @@ std::vector<WString> ResourceUsage::find(ResourceCategory category, const Resour
     std::vector<WString> found;
     for (const Document& document : documents)
         if (holdsName(document.text, name) ||
-            (isEnemy && document.name == kEnemies &&
-             document.text.find(number) != WString::npos))
+            (isEnemy && document.name == kEnemies && document.text.find(number) != WString::npos))
             found.push_back(document.name);
     return found;
 }

@@ -95,8 +95,9 @@ bool CreateProjectDialog::accept()
         return false;
     }
     project = wanted;
-    toOpen = host().ask({translateWith(u"The project stands in %1. Open it?",
-                                       {toWide(project)})}) == Answer::Yes;
+    toOpen =
+        host().ask({translateWith(u"The project stands in %1. Open it?", {toWide(project)})}) ==
+        Answer::Yes;
     return true;
 }
 

@@ -127,20 +127,19 @@ bool exportProjectWithDialog(ProjectSession& session, BaseWindow* parent)
         bool cancelled = false;
         int entries = 0;
         WString entryBefore;
-        made = exportProject(session, options,
-                             [&](std::uint64_t done, std::uint64_t whole, WStringView entry) {
-                                 if (entry != entryBefore)
-                                     ++entries;
-                                 entryBefore = entry;
-                                 cancelled = !progress->report(done, whole, entry);
-                                 messages.setSummary(translateWith(
-                                     u"Packed: %1 files, %2 KB.",
-                                     {toDecimal(entries),
-                                      toDecimal(static_cast<std::int64_t>(whole / 1024))}));
-                                 if (!cancelled && done == whole)
-                                     progress.reset();
-                                 return !cancelled;
-                             });
+        made = exportProject(
+            session, options, [&](std::uint64_t done, std::uint64_t whole, WStringView entry) {
+                if (entry != entryBefore)
+                    ++entries;
+                entryBefore = entry;
+                cancelled = !progress->report(done, whole, entry);
+                messages.setSummary(translateWith(
+                    u"Packed: %1 files, %2 KB.",
+                    {toDecimal(entries), toDecimal(static_cast<std::int64_t>(whole / 1024))}));
+                if (!cancelled && done == whole)
+                    progress.reset();
+                return !cancelled;
+            });
         if (!made)
             messages.setSummary(cancelled ? translate(u"The export was cancelled. An archive that "
                                                       u"was there before still stands.")

@@ -123,8 +123,7 @@ bool MapPreview::onMouseMove(const MouseEvent& event)
 bool MapPreview::onMouseWheel(const MouseEvent& event, int delta)
 {
     CanvasView view = painter.getView();
-    const int next =
-        std::clamp(view.tileSize + (delta > 0 ? 4 : -4), kLeastTile, kMostTile);
+    const int next = std::clamp(view.tileSize + (delta > 0 ? 4 : -4), kLeastTile, kMostTile);
     view.zoomTo(next, {event.x, event.y});
     fitted = false;
     lookAt(view);

@@ -293,8 +293,8 @@ void PhotoImageWindow::paintRecognised(Graphics& graphics)
         graphics.fillRect(from.x - bar / 2, from.y - bar / 2, to.x - from.x + bar,
                           to.y - from.y + bar);
         if (kind != WallKind::Wall)
-            graphics.fillRect((from.x + to.x) / 2 - 2 * bar, (from.y + to.y) / 2 - 2 * bar,
-                              4 * bar, 4 * bar);
+            graphics.fillRect((from.x + to.x) / 2 - 2 * bar, (from.y + to.y) / 2 - 2 * bar, 4 * bar,
+                              4 * bar);
     };
     for (int y = 0; y < rows; ++y)
         for (int x = 0; x < columns; ++x) {

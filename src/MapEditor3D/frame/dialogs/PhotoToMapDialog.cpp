@@ -121,8 +121,8 @@ void PhotoToMapDialog::readFields()
     options.offsetX = offsetX.getValue();
     options.offsetY = offsetY.getValue();
     options.wallThickness = thickness.getValue();
-    options.backgroundColour = static_cast<std::uint32_t>(
-        red.getValue() << 16 | green.getValue() << 8 | blue.getValue());
+    options.backgroundColour =
+        static_cast<std::uint32_t>(red.getValue() << 16 | green.getValue() << 8 | blue.getValue());
     picture.optionsChanged();
     later.startOnce(kRestMs);
 }
@@ -149,7 +149,8 @@ void PhotoToMapDialog::execute()
 void PhotoToMapDialog::showStatus()
 {
     if (picture.getImage().isEmpty()) {
-        status.setText(translate(u"Open a picture of a map, or drop one here: png, jpg, bmp, gif."));
+        status.setText(
+            translate(u"Open a picture of a map, or drop one here: png, jpg, bmp, gif."));
         return;
     }
     const std::uint32_t colour = picture.getCursorColour();

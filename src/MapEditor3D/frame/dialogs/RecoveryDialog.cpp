@@ -34,8 +34,7 @@ void RecoveryDialog::build()
     BoxLayout rows(getPane(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
     rows.add(question).add(table, 1).add(below);
     question.setWrapped(true);
-    question.setLabel(
-        u"There are unsaved strokes from the last session. Bring them back?");
+    question.setLabel(u"There are unsaved strokes from the last session. Bring them back?");
     table.setColumns({{u"Floor", 200}, {u"Drawn", 170}, {u"Note", 0}});
     table.setModel(this);
     table.selectRow(0);

@@ -17,7 +17,8 @@ constexpr int kShownTiles = 64;
 } // namespace
 
 ReplaceDialog::ReplaceDialog(WizMapEditor& editor)
-    : Dialog(u"Replace"), editor(editor), everywhere(u"On the &whole floor"), inArea(u"&In the area:")
+    : Dialog(u"Replace"), editor(editor), everywhere(u"On the &whole floor"),
+      inArea(u"&In the area:")
 {}
 
 void ReplaceDialog::build()
@@ -71,10 +72,9 @@ void ReplaceDialog::fillValues()
     std::vector<WString> names;
     values.clear();
     for (int value = 0; value < kTiles; ++value) {
-        const bool used = countTiles(editor.getMap(),
-                                     {walls ? TileReplacement::Layer::Walls
-                                            : TileReplacement::Layer::Floor,
-                                      value, -1, std::nullopt}) > 0;
+        const bool used = countTiles(editor.getMap(), {walls ? TileReplacement::Layer::Walls
+                                                             : TileReplacement::Layer::Floor,
+                                                       value, -1, std::nullopt}) > 0;
         if (!used && value >= (walls ? kWallKinds : kShownTiles))
             continue;
         values.push_back(value);
@@ -85,9 +85,8 @@ void ReplaceDialog::fillValues()
     from.setItems(names);
     to.setItems(names);
     const auto selected = std::ranges::find(values, editor.getSelectedTile());
-    from.setSelectedIndex(selected == values.end()
-                              ? 0
-                              : static_cast<int>(selected - values.begin()));
+    from.setSelectedIndex(selected == values.end() ? 0
+                                                   : static_cast<int>(selected - values.begin()));
     to.setSelectedIndex(from.getSelectedIndex() == 0 ? 1 : 0);
     count();
 }
@@ -115,9 +114,8 @@ void ReplaceDialog::count()
     const int number = countTiles(editor.getMap(), replacement);
     found.setText(replacement.from == replacement.to
                       ? translate(u"Both are the same.")
-                      : translateWith(layer.getSelectedIndex() == 0
-                                          ? u"%1 edges will be replaced."
-                                          : u"%1 cells will be replaced.",
+                      : translateWith(layer.getSelectedIndex() == 0 ? u"%1 edges will be replaced."
+                                                                    : u"%1 cells will be replaced.",
                                       {toDecimal(number)}));
     setOkEnabled(number > 0);
 }

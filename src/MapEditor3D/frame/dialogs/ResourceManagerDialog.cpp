@@ -61,16 +61,16 @@ bool isOfKind(const fs::path& file, const CategoryText& text)
     const WString extension = toWide(file.extension());
     const auto known = extensionsOf(text);
     return extension.size() > 1 && std::ranges::any_of(known, [&](const WString& one) {
-        return equalsIgnoringAsciiCase(one, WStringView(extension).substr(1));
-    });
+               return equalsIgnoringAsciiCase(one, WStringView(extension).substr(1));
+           });
 }
 
 /// A file's path below the project; empty where it lies outside.
 fs::path pathInProject(const fs::path& file)
 {
     std::error_code fault;
-    const fs::path relative = fs::canonical(file, fault).lexically_relative(
-        fs::canonical(fs::current_path(), fault));
+    const fs::path relative =
+        fs::canonical(file, fault).lexically_relative(fs::canonical(fs::current_path(), fault));
     return fault || relative.empty() || *relative.begin() == ".." ? fs::path() : relative;
 }
 
@@ -86,8 +86,8 @@ fs::path copyIntoProject(const fs::path& file, WStringView folder)
         throw Exception(u"Couldn't open " + toWide(file));
     fs::path place = target / file.filename();
     for (int i = 2; fs::exists(place) && readFile(place) != bytes; ++i)
-        place = target / (file.stem().string() + "-" + std::to_string(i) +
-                          file.extension().string());
+        place =
+            target / (file.stem().string() + "-" + std::to_string(i) + file.extension().string());
     if (!fs::exists(place) && !replaceFile(place, asBytes(*bytes)))
         throw Exception(u"Couldn't save " + toWide(place));
     return place;
@@ -213,8 +213,8 @@ WString ResourceManagerDialog::getValueAt(int row, int column) const
 
 void ResourceManagerDialog::selectCategory()
 {
-    category = kCategories[static_cast<std::size_t>(std::max(0, categories.getSelectedIndex()))]
-                   .category;
+    category =
+        kCategories[static_cast<std::size_t>(std::max(0, categories.getSelectedIndex()))].category;
     fireTableChanged({TableModelEvent::Changed, -1, -1});
     table.selectRow(items().empty() ? -1 : 0);
     showSelected();
@@ -233,8 +233,8 @@ void ResourceManagerDialog::showSelected()
     about.setText({});
     usage.setText({});
     audition.setFile(isSound && item ? WStringView(item->path) : WStringView());
-    const bool readable = picture.setFile(!isSound && item ? WStringView(item->path)
-                                                           : WStringView());
+    const bool readable =
+        picture.setFile(!isSound && item ? WStringView(item->path) : WStringView());
     if (!item)
         return;
     if (background) {

@@ -23,10 +23,7 @@ namespace {
 class LookTest : public DialogTest
 {
   protected:
-    LookTest()
-    {
-        editor.load(u"Dungeon/Ossuary.map");
-    }
+    LookTest() { editor.load(u"Dungeon/Ossuary.map"); }
 
     /// With VARN_GALLERY in the environment, a folder, the dialog's picture is left there.
     static void look(Dialog& dialog, const std::string& name)
