@@ -94,6 +94,12 @@ class FluidSynth final : public Synth
                           nullptr, nullptr, nullptr, 0);
     }
 
+    void reset() override
+    {
+        fluid_synth_system_reset(synth.get());
+        gain = 1;
+    }
+
     void render(std::span<std::int16_t> samples) override
     {
         constexpr std::size_t kBlock = 64; // frames, the library's own step
