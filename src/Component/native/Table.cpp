@@ -264,8 +264,8 @@ void Table::applyTexts()
     for (const Column& column : columns)
         own.bridge.headers << toQt(WStringView(translate(column.english)));
     own.view->emptyText = emptyText.empty() ? QString() : toQt(WStringView(translate(emptyText)));
-    emit own.bridge.headerDataChanged(Qt::Horizontal, 0,
-                                      std::max(0, static_cast<int>(columns.size()) - 1));
+    if (!columns.empty())
+        emit own.bridge.headerDataChanged(Qt::Horizontal, 0, static_cast<int>(columns.size()) - 1);
     own.view->viewport()->update();
 }
 
