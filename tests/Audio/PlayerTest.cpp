@@ -1,12 +1,13 @@
 #include "Audio/AudioPlayer.h"
 #include "Audio/MP3.h"
+#include "Audio/OggDecoder.h"
 #include "Audio/SilentDevice.h"
 #include "Audio/SoundPlayer.h"
 #include "LoopbackOutput.h"
 #include "Support/TemporaryProject.h"
 #include "TestSound.h"
-#include "Util/File.h"
 #include "Util/FileLogger.h"
+#include "Util/ProjectPath.h"
 
 #include <gtest/gtest.h>
 
@@ -138,6 +139,36 @@ TEST(AudioPlayer, loopsWithoutASampleTooManyOrTooFew)
         EXPECT_EQ(part(heard, test.seam, 10000), part(samples, test.loopStart, 10000)) << test.what;
         EXPECT_NEAR(player.getPosition(), (test.loopStart + 10000) * 1000 / 44100, 3) << test.what;
     }
+}
+
+TEST(AudioPlayer, aStreamLoopsWhereItsTagsSay)
+{
+    const std::filesystem::path file =
+        std::filesystem::path(VARN_SOURCE_DIR) / "demo/Audio/BGS/shore.ogg";
+    OggDecoder decoder;
+    ASSERT_TRUE(decoder.open(toWide(file)));
+    ASSERT_EQ(decoder.loopStart, 4U * 44100);
+    ASSERT_EQ(decoder.loopLength, 8U * 44100);
+    ASSERT_EQ(decoder.size, 12U * 44100) << "nothing lies behind the loop that would be overshot";
+    const auto decoded = [&](std::uint32_t from, std::size_t frames) {
+        decoder.seek(from);
+        Samples samples(frames * 2);
+        for (std::size_t at = 0; at < samples.size();) {
+            const auto rest = std::as_writable_bytes(std::span(samples).subspan(at));
+            at += decoder.read(rest.first(std::min<std::size_t>(rest.size(), 4096))) / 2;
+        }
+        return samples;
+    };
+
+    LoopbackOutput loopback;
+    AudioPlayer player(nullptr, loopback.get());
+    player.setLoop(true);
+    ASSERT_TRUE(player.open(toWide(file)));
+    player.seek(10000);
+    ASSERT_TRUE(player.start());
+    EXPECT_EQ(loopback.listen(88200), decoded(441000, 88200));
+    EXPECT_EQ(loopback.listen(44100), decoded(176400, 44100));
+    EXPECT_NEAR(player.getPosition(), 5000, 3);
 }
 
 TEST(AudioPlayer, pausesAndSeeksToTheSample)

@@ -43,7 +43,7 @@ class RecordingHost : public Host
     }
     std::optional<WString> chooseFolder(WStringView title) override
     {
-        choosers.push_back({.title = WString(title)});
+        choosers.emplace_back().title = title;
         return take(chosenFolders);
     }
     bool openWithShell(WStringView target) override

@@ -10,7 +10,7 @@
 #include "MapEditor3D/frame/panes/MapTilePane.h"
 #include "MapEditor3D/frame/panes/MapTreePane.h"
 #include "MapEditor3D/frame/panes/SceneSettingPane.h"
-#include "MapEditor3D/recovery/RecoveryFile.h"
+#include "MapEditor3D/recovery/RecoveryKeeper.h"
 #include "MapEditor3D/recovery/ViewState.h"
 
 #include <filesystem>
@@ -143,7 +143,7 @@ class AppFrame final : public App,
     ViewState state;
     std::unique_ptr<RecoveryKeeper> recovery;
 
-    MapSheet sheet;
+    CanvasPane sheet;
     ToolBar toolBar;
     ToolWindow treeWindow, viewWindow, tileWindow, eventWindow, areaWindow, sceneWindow;
     MapTreePane treePane;

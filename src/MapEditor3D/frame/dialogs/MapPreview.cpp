@@ -22,8 +22,8 @@ int tileThatFits(int pixels, int cells)
 MapPreview::MapPreview() : painter(editor)
 {
     setAccessibleName(u"Preview");
-    CanvasOptions options;
-    options.walker = false;
+    CanvasOptions options; // what only stands in the way of the walls is left out
+    options.walker = options.areas = options.events = false;
     painter.setOptions(options);
 }
 

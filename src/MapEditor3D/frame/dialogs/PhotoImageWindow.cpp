@@ -1,6 +1,7 @@
 #include "MapEditor3D/frame/dialogs/PhotoImageWindow.h"
 
 #include "Component/Theme.h"
+#include "Component/native/NativeWindow.h"
 #include "Game/Map/WizMap.h"
 #include "MapEditor3D/canvas/TileStrip.h"
 #include "Util/Exception.h"
@@ -33,6 +34,8 @@ PhotoImageWindow::PhotoImageWindow()
 void PhotoImageWindow::onCreate()
 {
     setMinimumSize(280, 240);
+    native::setCursor(getHandle(), native::Cursor::Cross);
+    native::setAcceptsDrops(getHandle(), true);
 }
 
 void PhotoImageWindow::open(WStringView path)

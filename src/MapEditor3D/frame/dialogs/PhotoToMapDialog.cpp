@@ -95,10 +95,10 @@ void PhotoToMapDialog::buildFields()
 
 void PhotoToMapDialog::chooseImage()
 {
-    const auto chosen = host().chooseFile({.title = translate(u"Image File"),
-                                           .filterName = u"Image File",
-                                           .extensions = {u"png", u"jpg", u"jpeg", u"bmp", u"gif"}});
-    if (chosen)
+    ChooserRequest request;
+    request.title = request.filterName = u"Image File";
+    request.extensions = {u"png", u"jpg", u"jpeg", u"bmp", u"gif"};
+    if (const auto chosen = host().chooseFile(request))
         openImage(resolveProjectPath(*chosen));
 }
 

@@ -2,6 +2,7 @@
 
 #include "Component/Translation.h"
 #include "Game/Database/EnemyTable.h"
+#include "MapEditor3D/frame/panes/LineEnds.h"
 #include "MapEditor3D/frame/panes/LoadedTable.h"
 
 #include <algorithm>
@@ -252,8 +253,9 @@ void AreaSettingPane::takeFields()
     AreaModel* const area = selected();
     if (following || !area)
         return;
-    area->name = narrow(name.getText());
-    area->text = text.getText();
+    if (name.getText() != widen(area->name)) // bytes that are no text of the code page are kept
+        area->name = narrow(name.getText());
+    area->text = withLineEndsOf(area->text, text.getText());
     area->enemyTableId = enemyTable.getRow();
     if (room.isChecked() != (area->type != 0)) // other kinds of files are kept
         area->type = room.isChecked() ? 1 : 0;

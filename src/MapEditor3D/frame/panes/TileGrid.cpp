@@ -13,7 +13,6 @@ namespace {
 // Pixels of the window.
 constexpr int kPadding = 4;
 constexpr int kListPicture = 24, kGridPicture = 32;
-constexpr int kBarWidth = 8, kLeastThumb = 24;
 
 /// As much of a text as fits, with dots for the rest.
 WString fitting(const Graphics& graphics, const WString& text, int width)
@@ -88,11 +87,11 @@ void TileGrid::setEntries(std::vector<PaletteEntry> next, Shape nextShape)
         return;
     }
     if (shape != nextShape)
-        scroll = 0;
+        scrollTo(0);
     shape = nextShape;
     entries = std::move(next);
     hovered.reset();
-    scrollTo(scroll);
+    updateScrollbar();
     if (const auto entry = selectedEntry())
         reveal(*entry);
     describe();
@@ -134,7 +133,7 @@ int TileGrid::cellHeight() const
 
 int TileGrid::columns() const
 {
-    return std::max(1, (getWidth() - kPadding - kBarWidth) / cellWidth());
+    return std::max(1, (getWidth() - kPadding - kThickness) / cellWidth());
 }
 
 int TileGrid::contentHeight() const
@@ -144,19 +143,25 @@ int TileGrid::contentHeight() const
     return lines * cellHeight() + kPadding;
 }
 
-int TileGrid::furthestScroll() const
+Rect TileGrid::barPlace() const
 {
-    return std::max(0, contentHeight() - getHeight());
+    return {getWidth() - kThickness, 0, kThickness, getHeight()};
+}
+
+void TileGrid::updateScrollbar()
+{
+    setScrollRange(contentHeight(), std::max(1, getHeight()));
 }
 
 Rect TileGrid::placeOf(std::size_t entry) const
 {
     const int place = static_cast<int>(entry);
     if (shape == Shape::List)
-        return {0, place * cellHeight() + kPadding / 2 - scroll,
-                getWidth() - (hasBar() ? kBarWidth : 0), cellHeight()};
+        return {0, place * cellHeight() + kPadding / 2 - getScrollPosition(),
+                getWidth() - (isScrollNeeded() ? kThickness : 0), cellHeight()};
     return {kPadding + place % columns() * cellWidth(),
-            kPadding + place / columns() * cellHeight() - scroll, kGridPicture, kGridPicture};
+            kPadding + place / columns() * cellHeight() - getScrollPosition(), kGridPicture,
+            kGridPicture};
 }
 
 std::optional<std::size_t> TileGrid::entryAt(int x, int y) const
@@ -177,29 +182,13 @@ std::optional<std::size_t> TileGrid::selectedEntry() const
     return static_cast<std::size_t>(found - entries.begin());
 }
 
-void TileGrid::scrollTo(int next)
-{
-    next = std::clamp(next, 0, furthestScroll());
-    if (next == scroll)
-        return;
-    scroll = next;
-    repaint();
-}
-
 void TileGrid::reveal(std::size_t entry)
 {
     const Rect place = placeOf(entry);
     if (place.top < 0)
-        scrollTo(scroll + place.top - kPadding);
+        scrollTo(getScrollPosition() + place.top - kPadding);
     else if (place.bottom > getHeight())
-        scrollTo(scroll + place.bottom - getHeight() + kPadding);
-}
-
-Rect TileGrid::thumb() const
-{
-    const int height = std::max(kLeastThumb, getHeight() * getHeight() / contentHeight());
-    const int top = (getHeight() - height) * scroll / std::max(1, furthestScroll());
-    return {getWidth() - kBarWidth, top, kBarWidth, height};
+        scrollTo(getScrollPosition() + place.bottom - getHeight() + kPadding);
 }
 
 // Picking
@@ -231,19 +220,16 @@ void TileGrid::describe()
 bool TileGrid::onLeftDown(const MouseEvent& event)
 {
     setFocus();
-    if (hasBar() && event.x >= getWidth() - kBarWidth) {
-        const Rect held = thumb();
-        const bool onThumb = event.y >= held.top && event.y < held.bottom;
-        thumbHeldAt = onThumb ? event.y - held.top : held.height / 2;
-        onMouseMove(event);
-    } else if (const auto entry = entryAt(event.x, event.y))
+    if (isScrollNeeded() && event.x >= barPlace().x)
+        pressScrollbar(barPlace(), event.y);
+    else if (const auto entry = entryAt(event.x, event.y))
         pick(*entry);
     return true;
 }
 
 bool TileGrid::onLeftUp(const MouseEvent&)
 {
-    thumbHeldAt.reset();
+    releaseScrollbar();
     return true;
 }
 
@@ -257,9 +243,8 @@ bool TileGrid::onLeftDoubleClick(const MouseEvent& event)
 
 bool TileGrid::onMouseMove(const MouseEvent& event)
 {
-    if (thumbHeldAt) {
-        const int room = std::max(1, getHeight() - thumb().height);
-        scrollTo((event.y - *thumbHeldAt) * furthestScroll() / room);
+    if (isScrollbarGrabbed()) {
+        dragScrollbar(barPlace(), event.y);
         return true;
     }
     const auto entry = entryAt(event.x, event.y);
@@ -280,7 +265,7 @@ void TileGrid::onMouseLeave()
 bool TileGrid::onMouseWheel(const MouseEvent&, int delta)
 {
     constexpr int kLines = 2;
-    scrollTo(scroll - delta * kLines * cellHeight() / kWheelStep);
+    scrollTo(getScrollPosition() - delta * kLines * cellHeight() / kWheelStep);
     return true;
 }
 
@@ -329,7 +314,7 @@ bool TileGrid::onKillFocus()
 
 void TileGrid::onSize(int, int)
 {
-    scrollTo(scroll);
+    updateScrollbar();
     if (const auto entry = selectedEntry())
         reveal(*entry);
 }
@@ -394,11 +379,8 @@ void TileGrid::paint(Graphics& graphics, const Rect&)
         if (place.bottom > 0 && place.top < getHeight())
             drawEntry(brush, entry);
     }
-    if (!hasBar())
-        return;
-    brush.fill(Rect(getWidth() - kBarWidth, 0, kBarWidth, getHeight()), colours.face);
-    const Rect held = thumb();
-    brush.fill(Rect(held.x + 2, held.y + 1, held.width - 3, held.height - 2), colours.dimText);
+    if (isScrollNeeded())
+        paintScrollbar(graphics, brush.device(barPlace()));
 }
 
 } // namespace varn

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Component/Component.h"
+#include "Component/Scrollbar.h"
 #include "MapEditor3D/canvas/TilePalette.h"
 
 namespace varn {
@@ -8,7 +9,7 @@ namespace varn {
 /// The entries of a palette, painted: a list of pictures with names, or a grid of pictures alone.
 /// One is selected. Clicks and the arrow keys pick another one, a double click or Return activates
 /// the selected one.
-class TileGrid final : public Component
+class TileGrid final : public Component, private Scrollbar
 {
   public:
     enum class Shape
@@ -56,17 +57,17 @@ class TileGrid final : public Component
     int cellWidth() const;
     int cellHeight() const;
     int contentHeight() const;
-    int furthestScroll() const;
     std::optional<std::size_t> entryAt(int x, int y) const;
     std::optional<std::size_t> selectedEntry() const;
-    void scrollTo(int next);
+    void scrolled() override { repaint(); }
+    /// Behind a change of the entries or of the size.
+    void updateScrollbar();
+    Rect barPlace() const;
     void reveal(std::size_t entry);
     void pick(std::size_t entry);
     void moveBy(int count);
     void describe();
 
-    bool hasBar() const { return furthestScroll() > 0; }
-    Rect thumb() const;
     void drawEntry(Brush& brush, std::size_t entry);
 
     TilePalette& palette;
@@ -75,9 +76,7 @@ class TileGrid final : public Component
     WallLook look = WallLook::Strip;
     WString emptyText; // English
     int selected = 0;
-    int scroll = 0; ///< pixels of the window above its upper edge
     std::optional<std::size_t> hovered;
-    std::optional<int> thumbHeldAt; ///< the thumb is being dragged, by this point of it
     std::function<void(int)> picked, activated;
 };
 
