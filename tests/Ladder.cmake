@@ -5,13 +5,17 @@ set(ladder
   "Parser:Util"
   "Graphics:Util"
   "Audio:Util"
+  "Input:Util"
   "Game:Util"
   "Game/Database:Util Parser Game"
   "Game/Map:Util Parser Game Game/Database Graphics"
   "Game/Sprite:Util Parser Game Game/Database Graphics"
-  "Game/Compiler:Util Parser Game Game/Database Graphics Audio"
+  "Game/Compiler:Util Parser Game Game/Database Graphics Audio Input"
   "TextEditor:Util"
-  "MapEditor3D:Util Parser Graphics Audio Game Game/Database Game/Map Game/Sprite Game/Compiler")
+  "MapEditor3D:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Sprite Game/Compiler"
+  "Component:Util Graphics"
+  "DatabaseDialog:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Compiler TextEditor Component"
+  "MapEditor3D/frame:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Compiler TextEditor MapEditor3D Component DatabaseDialog")
 
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
 set(faults "")
@@ -23,6 +27,9 @@ foreach(line IN LISTS ladder)
   file(GLOB_RECURSE files "${root}/src/${folder}/*.h" "${root}/src/${folder}/*.cpp")
   if(folder STREQUAL "Game")
     file(GLOB files "${root}/src/Game/*.h" "${root}/src/Game/*.cpp")
+  endif()
+  if(folder STREQUAL "MapEditor3D")
+    list(FILTER files EXCLUDE REGEX "/frame/")
   endif()
   foreach(file IN LISTS files)
     file(STRINGS "${file}" includes REGEX "^#include \"")
@@ -45,6 +52,17 @@ foreach(line IN LISTS ladder)
     endforeach()
   endforeach()
 endforeach()
+
+# Only the two rooms of the window toolkit and the raster library name it.
+file(GLOB_RECURSE files "${root}/src/*.h" "${root}/src/*.cpp" "${root}/apps/*.cpp" "${root}/apps/*.h")
+list(FILTER files EXCLUDE REGEX "/Component/native/|/Graphics/Raster.cpp$")
+foreach(file IN LISTS files)
+  file(STRINGS "${file}" includes REGEX "^#include <Q[A-Za-z]+>")
+  if(includes)
+    string(APPEND faults "${file}: names the window toolkit\n")
+  endif()
+endforeach()
+
 if(faults)
   message(FATAL_ERROR "${faults}")
 endif()

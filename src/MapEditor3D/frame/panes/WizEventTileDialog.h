@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Component/CheckBox.h"
+#include "Component/ComboBox.h"
+#include "Component/Dialog.h"
+#include "Component/Table.h"
+#include "Component/TextArea.h"
+#include "Game/Database/WizFloor.h"
+#include "MapEditor3D/frame/panes/ResourceChoice.h"
+
+namespace varn {
+
+/// "Tile Settings": the table of event kinds. It works on a copy of the rows; OK puts them into the
+/// table and writes "EventFloor.xml".
+class WizEventTileDialog final : public Dialog
+{
+  public:
+    /// @param kind  the row that is shown first
+    explicit WizEventTileDialog(int kind = 0);
+    ~WizEventTileDialog() override;
+
+  protected:
+    void build() override;
+    bool accept() override;
+    BaseWindow* firstFocus() override { return &table; }
+
+  private:
+    class Model;
+
+    void buildList(GroupComponent& pane);
+    void buildFields(GroupComponent& pane);
+    void showRow();
+    void takeRow();
+    void select(int row);
+    void addRow();
+    void removeRow();
+    void moveRow(int by);
+    void updateButtons();
+
+    std::vector<WizFloorData> rows;
+    int current;
+    std::unique_ptr<Model> model;
+    Table table;
+    GroupComponent list, listButtons, fields;
+    Button addButton, removeButton, upButton, downButton;
+    std::unique_ptr<FormLayout> form;
+    TextField name;
+    ComboBoxLight displayPosition, scriptType;
+    ResourceChoice texture;
+    TextField sprite;
+    GroupComponent flags;
+    CheckBox visibility2D, visibility3D, dark, showingDetails, syncWithLayer1;
+    TextArea header, footer;
+    bool following = false; // the fields are being filled
+};
+
+} // namespace varn
