@@ -82,6 +82,8 @@ AppFrame::AppFrame(ProjectSession& session, std::filesystem::path stateFolder)
 {
     setWindowClass(u"MainFrame");
     state = loadViewState(this->stateFolder, project);
+    // Hears of a stroke before the frame, which shows what there is to save.
+    recovery = std::make_unique<RecoveryKeeper>(editor, this->stateFolder, project);
     editor.addListener(*this);
     sheet.getCanvas().setListener(this);
     tilePane.setListener(this);
@@ -115,7 +117,6 @@ void AppFrame::open()
     openFirstMap();
     setVisible(true);
     sheet.getCanvas().setFocus();
-    recovery = std::make_unique<RecoveryKeeper>(editor, stateFolder, project);
     Application::post([this] { offerRecovery(); });
 }
 
