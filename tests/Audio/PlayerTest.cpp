@@ -336,6 +336,24 @@ TEST(SoundOutput, aDeviceThatVanishesIsReplacedByAClock)
     EXPECT_EQ(countLines(project.read("log.log"), "silently"), 1U);
 }
 
+// The sound library's own null device, where the environment names it; any card; or our clock.
+TEST(SoundOutput, theMachinesDeviceKeepsTime)
+{
+    TemporaryProject project;
+    AudioPlayer player = samplePlayer(distinctSamples(44100), soundOutput());
+    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_TRUE(player.start());
+    ASSERT_TRUE(LoopbackOutput::waitUntil([&] { return player.getPosition() > 200; }));
+    EXPECT_GT(player.getLevel(), 0.5F);
+    player.pause();
+    const std::uint32_t position = player.getPosition();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_EQ(player.getPosition(), position);
+    player.resume();
+    ASSERT_TRUE(LoopbackOutput::waitUntil([&] { return !player.isPlaying(); }));
+    EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(1200));
+}
+
 TEST(SoundOutput, withoutADeviceTheClockPlays)
 {
     TemporaryProject project;
