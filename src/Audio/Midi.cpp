@@ -73,14 +73,14 @@ void Midi::run(const std::stop_token& stop)
             synth = makeSynth();
         synth->reset();
         SongStream stream(song, *synth);
-        play(stream, stop);
+        playSong(stream, stop);
     } catch (const Exception& fault) {
         FileLogger::instance().write(fault.getMessage());
     }
     wave.close();
 }
 
-void Midi::play(SongStream& stream, const std::stop_token& stop)
+void Midi::playSong(SongStream& stream, const std::stop_token& stop)
 {
     wave.open({Synth::kChannels, Synth::kSamplesPerSecond, 16});
     tell(AudioNotice::Opened);

@@ -38,7 +38,7 @@ class Midi final : public IAudioPlayer
   private:
     void clearSong();
     void run(const std::stop_token& stop);
-    void play(SongStream& stream, const std::stop_token& stop);
+    void playSong(SongStream& stream, const std::stop_token& stop);
     bool fillBuffer(SongStream& stream);
 
     MidiSong song;

@@ -89,8 +89,7 @@ void Resampler::finish(std::vector<std::int16_t>& out)
     if (half == 0)
         return;
     const std::uint64_t due = (given * toRate + fromRate - 1) / fromRate;
-    window.resize((at + 2 * half + due - taken) * 2 +
-                  static_cast<std::size_t>((due - taken) * fromRate / toRate) * 2);
+    window.resize((at + 2 * half + (due - taken) * fromRate / toRate + 1) * 2);
     appendFrames(due, out);
     reset();
 }

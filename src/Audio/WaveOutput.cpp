@@ -135,7 +135,7 @@ unsigned WaveOutput::takeDone()
 
 std::chrono::nanoseconds WaveOutput::untilDone()
 {
-    constexpr std::chrono::nanoseconds kIdle = std::chrono::seconds(1);
+    constexpr std::chrono::nanoseconds kIdle = std::chrono::milliseconds(100);
     const std::lock_guard lock(voiceLock);
     if (!voice || paused || ends.empty())
         return kIdle;

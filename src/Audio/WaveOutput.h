@@ -44,7 +44,8 @@ class WaveOutput
 
     /// How many buffers are done that were not told before.
     unsigned takeDone();
-    /// How long until the next one is done; a second while nothing moves.
+    /// How long until the next one is done, or until somebody should look whether the device is
+    /// still there: a tenth of a second at most.
     std::chrono::nanoseconds untilDone();
 
     void pause();

@@ -30,6 +30,9 @@ class Dialog : public WinApiWindow
 
     GroupComponent& getPane() { return pane; }
     void setTitle(WStringView text);
+    /// Of the standing dialog; the next of its title has it too.
+    void resize(int width, int height);
+    Rect getSize() const;
     void forgetHandle() override;
 
     /// Sizes of dialogs are remembered by their English titles, for as long as the program runs and

@@ -41,6 +41,8 @@ class Table : public Component
     /// Said in the middle of a table without rows. @param english  follows the language
     void setEmptyText(WStringView english);
     void setSortable(bool sortable);
+    /// As a click on the header of a sortable table does.
+    void sortBy(int column);
     void setMultipleSelection(bool multiple);
 
     void onCreate() override;

@@ -144,6 +144,18 @@ void Dialog::setTitle(WStringView text)
     native::setTitle(handle, text);
 }
 
+void Dialog::resize(int width, int height)
+{
+    if (handle)
+        widgetOf(handle)->resize(width, height);
+}
+
+Rect Dialog::getSize() const
+{
+    const Rect bounds = native::getGeometry(handle);
+    return {0, 0, bounds.width, bounds.height};
+}
+
 void Dialog::setButtons(WStringView nextOk, WStringView nextCancel)
 {
     okText = nextOk;

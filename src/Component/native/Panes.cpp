@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QScrollArea>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -131,7 +132,9 @@ NativeHandle TabbedPane::makeHandle(NativeHandle parent)
     pages.clear(); // those of a native window before this one
     auto* const tabs = new QTabWidget(widgetOf(parent));
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int) { fireAction(); });
-    return container(tabs);
+    const NativeHandle made = container(tabs);
+    tabs->tabBar()->setFocusPolicy(Qt::TabFocus); // which the container's own policy took
+    return made;
 }
 
 GroupComponent& TabbedPane::addPage(WStringView english)

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QUrl>
 #include <QWheelEvent>
 #include <cstring>
@@ -148,6 +149,26 @@ void type(NativeHandle window, WStringView text)
         sendKey(widgetOf(window), 0, Qt::NoModifier, QString(QChar(unit)));
 }
 
+void dragItem(NativeHandle tree, WStringView line, WStringView onto)
+{
+    auto* const view = static_cast<QTreeWidget*>(widgetOf(tree));
+    QWidget* const port = view->viewport();
+    const auto middleOf = [&](WStringView text) {
+        const auto found = view->findItems(toQt(text), Qt::MatchExactly | Qt::MatchRecursive);
+        return found.isEmpty() ? QPoint() : view->visualItemRect(found.front()).center();
+    };
+    const QPoint from = middleOf(line), to = middleOf(onto);
+    click(handleOf(port), from.x(), from.y());
+    const std::unique_ptr<QMimeData> data(
+        view->model()->mimeData(view->selectionModel()->selectedIndexes()));
+    if (!data)
+        return;
+    QDragEnterEvent enter(to, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(port, &enter);
+    QDropEvent drop(to, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(port, &drop);
+}
+
 void dropFile(NativeHandle window, WStringView path)
 {
     QMimeData data;
@@ -176,6 +197,19 @@ NativeHandle findByText(NativeHandle window, WStringView text)
         if (child->isVisibleTo(widgetOf(window)) && plain(textOf(child)) == wanted)
             return handleOf(child);
     return nullptr;
+}
+
+NativeHandle findField(NativeHandle window, WStringView text)
+{
+    const QString wanted = toQt(text);
+    for (const QLabel* const label : widgetOf(window)->findChildren<QLabel*>()) {
+        QString words = plain(label->text());
+        while (words.endsWith(QLatin1Char(':')))
+            words.chop(1);
+        if (label->buddy() && words == wanted)
+            return handleOf(label->buddy());
+    }
+    return findByText(window, text);
 }
 
 void later(int milliseconds, std::function<void()> action)

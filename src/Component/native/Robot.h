@@ -31,6 +31,8 @@ void wheel(NativeHandle window, int x, int y, int notches, std::uint32_t held = 
 /// Presses and lets go a key. @param key  a `VirtualKey`, a digit or a capital letter
 void key(NativeHandle window, int key, std::uint32_t held = 0);
 void type(NativeHandle window, WStringView text);
+/// Drags a line of a tree onto another one, both by their texts.
+void dragItem(NativeHandle tree, WStringView line, WStringView onto);
 void dropFile(NativeHandle window, WStringView path);
 
 /// The window with the focus; null: none.
@@ -39,6 +41,9 @@ NativeHandle focused();
 NativeHandle frontDialog();
 /// A control below a window by its shown text, mnemonic left out; null: none.
 NativeHandle findByText(NativeHandle window, WStringView text);
+/// The field below a window that a label names, by the label's text without mnemonic and colon; or
+/// the button of that text; null: there is neither.
+NativeHandle findField(NativeHandle window, WStringView text);
 /// Runs an action a little later, as a dialog is waiting.
 void later(int milliseconds, std::function<void()> action);
 

@@ -29,7 +29,6 @@ class ModelBridge final : public QAbstractTableModel
   public:
     bool checkable = false;
     std::set<int> checkedRows;
-    QStringList headers;
 
     void setSource(TableModel* next)
     {
@@ -40,6 +39,17 @@ class ModelBridge final : public QAbstractTableModel
         endResetModel();
     }
     TableModel* getSource() const { return life.expired() ? nullptr : model; }
+    void setHeaders(const QStringList& next)
+    {
+        const bool sameColumns = next.size() == headers.size();
+        if (!sameColumns)
+            beginResetModel();
+        headers = next;
+        if (!sameColumns)
+            endResetModel();
+        else if (!headers.isEmpty())
+            emit headerDataChanged(Qt::Horizontal, 0, static_cast<int>(headers.size()) - 1);
+    }
     void reset()
     {
         beginResetModel();
@@ -93,12 +103,14 @@ class ModelBridge final : public QAbstractTableModel
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
-        if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section < headers.size())
+        if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 &&
+            section < headers.size())
             return headers[section];
         return {};
     }
 
   private:
+    QStringList headers;
     TableModel* model = nullptr;
     std::weak_ptr<const void> life;
 };
@@ -246,7 +258,7 @@ NativeHandle Table::makeHandle(NativeHandle parent)
     view->horizontalHeader()->setVisible(header);
     view->horizontalHeader()->setHighlightSections(false);
     view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, view, [this] {
+    QObject::connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, view, [this] {
         if (!implementation->quiet)
             fireAction();
     });
@@ -260,12 +272,11 @@ void Table::applyTexts()
     Implementation& own = *implementation;
     if (!own.view)
         return;
-    own.bridge.headers.clear();
+    QStringList headers;
     for (const Column& column : columns)
-        own.bridge.headers << toQt(WStringView(translate(column.english)));
+        headers << toQt(WStringView(translate(column.english)));
+    own.bridge.setHeaders(headers);
     own.view->emptyText = emptyText.empty() ? QString() : toQt(WStringView(translate(emptyText)));
-    emit own.bridge.headerDataChanged(Qt::Horizontal, 0,
-                                      std::max(0, static_cast<int>(columns.size()) - 1));
     own.view->viewport()->update();
 }
 
@@ -281,7 +292,6 @@ void Table::applyColumns()
     Implementation& own = *implementation;
     if (!own.view)
         return;
-    own.bridge.reset();
     QHeaderView& headerView = *own.view->horizontalHeader();
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
         const int width = columns[static_cast<std::size_t>(i)].width;
@@ -310,8 +320,11 @@ int Table::getSelectedRow() const
 {
     if (!implementation->view)
         return -1;
-    const QModelIndex index = implementation->view->currentIndex();
-    return index.isValid() ? implementation->order.mapToSource(index).row() : -1;
+    // The focus alone makes a row the current one, without choosing it.
+    const QItemSelectionModel& selection = *implementation->view->selectionModel();
+    const QModelIndex index = selection.currentIndex();
+    const bool chosen = index.isValid() && selection.isRowSelected(index.row());
+    return chosen ? implementation->order.mapToSource(index).row() : -1;
 }
 
 std::vector<int> Table::getSelectedRows() const
@@ -374,6 +387,12 @@ void Table::setSortable(bool sortable)
     implementation->view->setSortingEnabled(sortable);
     if (sortable)
         implementation->order.sort(-1);
+}
+
+void Table::sortBy(int column)
+{
+    if (implementation->view)
+        implementation->view->sortByColumn(column, Qt::AscendingOrder);
 }
 
 void Table::setMultipleSelection(bool multiple)

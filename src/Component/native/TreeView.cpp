@@ -6,6 +6,7 @@
 
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QMimeData>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <algorithm>
@@ -29,12 +30,29 @@ TreeItem& TreeItem::add(WStringView childText, int childData)
 
 namespace {
 
-constexpr int kItemRole = Qt::UserRole;
+constexpr int kItemRole = Qt::UserRole; // a number: a drag carries the data of its line
+
+const QString kTreeFormat = QStringLiteral("application/x-varn-tree");
 
 TreeItem* itemOf(const QTreeWidgetItem* line)
 {
-    return line ? static_cast<TreeItem*>(line->data(0, kItemRole).value<void*>()) : nullptr;
+    return line ? reinterpret_cast<TreeItem*>(line->data(0, kItemRole).value<quintptr>()) : nullptr;
 }
+
+/// A line that shows its item's text with the mark and is edited without it.
+class Line final : public QTreeWidgetItem
+{
+  public:
+    explicit Line(const WString& mark) : mark(toQt(WStringView(mark))) {}
+    QVariant data(int column, int role) const override
+    {
+        const QVariant value = QTreeWidgetItem::data(column, role);
+        return role == Qt::DisplayRole ? value.toString() + mark : value;
+    }
+
+  private:
+    QString mark;
+};
 
 } // namespace
 
@@ -55,6 +73,8 @@ class NativeTree final : public QTreeWidget
                 [this](QTreeWidgetItem* line) { tell(line, &TreeViewListener::itemActivated); });
         connect(this, &QTreeWidget::itemChanged, this,
                 [this](QTreeWidgetItem* line) { renamed(line); });
+        connect(this, &QTreeWidget::itemChanged, this,
+                [this](QTreeWidgetItem* line) { checked(line); });
         connect(this, &QTreeWidget::itemExpanded, this,
                 [this](QTreeWidgetItem* line) { expanded(line, true); });
         connect(this, &QTreeWidget::itemCollapsed, this,
@@ -86,24 +106,53 @@ class NativeTree final : public QTreeWidget
     }
 
   protected:
+    QMimeData* mimeData(const QList<QTreeWidgetItem*>& lines) const override
+    {
+        QMimeData* const data = QTreeWidget::mimeData(lines); // owned by the drag
+        if (data)
+            data->setData(kTreeFormat, nameOfTree());
+        return data;
+    }
+    void dragEnterEvent(QDragEnterEvent* event) override
+    {
+        if (isOwn(*event))
+            event->acceptProposedAction();
+    }
+    void dragMoveEvent(QDragMoveEvent* event) override
+    {
+        QTreeWidget::dragMoveEvent(event); // scrolls, and shows where
+        const TreeItem* const item = itemOf(currentItem());
+        event->setAccepted(isOwn(*event) && item &&
+                           canMove(*item, placeAt(event->position().toPoint())));
+    }
+    /// The record moves; the lines follow.
     void dropEvent(QDropEvent* event) override
     {
-        QTreeWidgetItem* const dragged = currentItem();
-        QTreeWidget::dropEvent(event);
-        TreeItem* const item = itemOf(dragged);
-        if (!item)
+        if (!isOwn(*event))
             return;
-        reorder(view.root, invisibleRootItem());
+        TreeItem* const item = itemOf(currentItem());
+        event->setDropAction(Qt::IgnoreAction); // or the view would take the dragged line away
+        event->accept();
+        if (!item || !move(*item, placeAt(event->position().toPoint())))
+            return;
+        fill();
+        setCurrentItem(find(invisibleRootItem(), item));
         if (view.listener)
             view.listener->itemMoved(*item);
     }
 
   private:
+    QByteArray nameOfTree() const { return QByteArray::number(reinterpret_cast<quintptr>(this)); }
+    /// The drag began in this tree.
+    bool isOwn(const QDropEvent& event) const
+    {
+        return event.mimeData()->data(kTreeFormat) == nameOfTree();
+    }
     QTreeWidgetItem* makeLine(TreeItem& item) const
     {
-        auto* const line = new QTreeWidgetItem; // owned by its parent
+        auto* const line = new Line(item.mark); // owned by its parent
         line->setText(0, toQt(WStringView(item.text)));
-        line->setData(0, kItemRole, QVariant::fromValue(static_cast<void*>(&item)));
+        line->setData(0, kItemRole, QVariant::fromValue(reinterpret_cast<quintptr>(&item)));
         if (!item.icon.empty())
             line->setIcon(0, native::makeIcon(item.icon));
         Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
@@ -113,6 +162,10 @@ class NativeTree final : public QTreeWidget
             flags.setFlag(Qt::ItemIsDropEnabled, view.canHoldItems(item));
         }
         line->setFlags(flags);
+        if (item.checked) {
+            line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
+            line->setCheckState(0, *item.checked ? Qt::Checked : Qt::Unchecked);
+        }
         if (item.bold) {
             QFont font = line->font(0);
             font.setBold(true);
@@ -141,13 +194,23 @@ class NativeTree final : public QTreeWidget
     void renamed(QTreeWidgetItem* line)
     {
         TreeItem* const item = itemOf(line);
-        const WString text = fromQt(line->text(0));
+        const WString text = fromQt(line->data(0, Qt::EditRole).toString());
         if (!item || text == item->text)
             return;
         if (!view.listener || view.listener->itemRenamed(*item, text))
             item->text = text;
         const QSignalBlocker quiet(this);
         line->setText(0, toQt(WStringView(item->text)));
+    }
+    void checked(const QTreeWidgetItem* line)
+    {
+        TreeItem* const item = itemOf(line);
+        const bool isChecked = line->checkState(0) == Qt::Checked;
+        if (!item || !item->checked || *item->checked == isChecked)
+            return;
+        item->checked = isChecked;
+        if (view.listener)
+            view.listener->itemChecked(*item);
     }
     void expanded(const QTreeWidgetItem* line, bool open)
     {
@@ -165,33 +228,53 @@ class NativeTree final : public QTreeWidget
             view.listener->menuRequested(itemOf(itemAt(point)), inTree.x(), inTree.y());
     }
 
-    /// Gives the records the order of the lines.
-    static void collect(TreeItem& above, std::vector<std::unique_ptr<TreeItem>>& all)
+    /// Where a dragged item goes: in front of a child of `above`, or behind them all.
+    struct Place
     {
-        for (auto& child : above.children) {
-            collect(*child, all);
-            all.push_back(std::move(child));
-        }
-        above.children.clear();
+        TreeItem* above;
+        const TreeItem* before; ///< null: behind all
+    };
+    Place placeAt(const QPoint& point) const
+    {
+        TreeItem* const target = itemOf(itemAt(point));
+        if (!target)
+            return {&view.root, nullptr};
+        const QRect line = visualItemRect(itemAt(point));
+        const int quarter = line.height() / 4;
+        const bool onLine =
+            point.y() >= line.top() + quarter && point.y() <= line.bottom() - quarter;
+        if (onLine && view.canHoldItems && view.canHoldItems(*target))
+            return {target, nullptr};
+        const auto& siblings = target->parent->children;
+        auto next = std::ranges::find(siblings, target, &std::unique_ptr<TreeItem>::get);
+        if (point.y() > line.center().y())
+            ++next;
+        return {target->parent, next == siblings.end() ? nullptr : next->get()};
     }
-    static void place(TreeItem& above, QTreeWidgetItem* line,
-                      std::vector<std::unique_ptr<TreeItem>>& all)
+    static bool isWithin(const TreeItem* item, const TreeItem& outer)
     {
-        for (int i = 0; i < line->childCount(); ++i) {
-            TreeItem* const item = itemOf(line->child(i));
-            const auto found = std::ranges::find(all, item, &std::unique_ptr<TreeItem>::get);
-            if (found == all.end())
-                continue;
-            item->parent = &above;
-            above.children.push_back(std::move(*found));
-            place(*item, line->child(i), all);
-        }
+        while (item && item != &outer)
+            item = item->parent;
+        return item != nullptr;
     }
-    static void reorder(TreeItem& root, QTreeWidgetItem* lines)
+    bool canMove(const TreeItem& item, const Place& place) const
     {
-        std::vector<std::unique_ptr<TreeItem>> all;
-        collect(root, all);
-        place(root, lines, all);
+        return view.canHoldItems && view.canHoldItems(*place.above) &&
+               !isWithin(place.above, item) && place.before != &item;
+    }
+    bool move(TreeItem& item, const Place& place) const
+    {
+        if (!canMove(item, place))
+            return false;
+        auto& from = item.parent->children;
+        const auto found = std::ranges::find(from, &item, &std::unique_ptr<TreeItem>::get);
+        std::unique_ptr<TreeItem> moved = std::move(*found);
+        from.erase(found);
+        auto& into = place.above->children;
+        const auto before = std::ranges::find(into, place.before, &std::unique_ptr<TreeItem>::get);
+        moved->parent = place.above;
+        into.insert(before, std::move(moved));
+        return true;
     }
 
     TreeView& view;

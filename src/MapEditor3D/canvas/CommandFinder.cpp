@@ -28,6 +28,24 @@ bool startsWord(WStringView text, std::size_t at)
            (toSmallLetter(text[at - 1]) == text[at - 1] && toSmallLetter(text[at]) != text[at]);
 }
 
+/// A title without the marks of its mnemonic: "&File", and "(&F)" behind a title that has no such
+/// letter.
+WString withoutMnemonic(const WString& title)
+{
+    WString text;
+    for (std::size_t i = 0; i < title.size(); ++i) {
+        const bool inBrackets = title[i] == u'(' && i + 3 < title.size() && title[i + 1] == u'&' &&
+                                title[i + 3] == u')';
+        if (inBrackets)
+            i += 3;
+        else if (title[i] == u'&' && i + 1 < title.size())
+            text += title[++i];
+        else
+            text += title[i];
+    }
+    return text;
+}
+
 } // namespace
 
 /// The best way to take the letters is found row by row: `best[j]` is the score of the letters so
@@ -112,9 +130,10 @@ void CommandFinder::collect(std::span<const MenuEntry> entries, const WString& p
 {
     for (const MenuEntry& entry : entries) {
         if (!entry.children.empty()) {
-            collect(entry.children, path.empty() ? entry.title : path + u" > " + entry.title);
+            const WString title = withoutMnemonic(entry.title);
+            collect(entry.children, path.empty() ? title : path + u" > " + title);
         } else if (entry.command != 0) {
-            add(entry.command, entry.title, entry.shortcut);
+            add(entry.command, withoutMnemonic(entry.title), entry.shortcut);
             commands.back().shown.path = path;
             commands.back().shown.argument = entry.argument;
         }
@@ -125,10 +144,11 @@ void CommandFinder::collectOther(std::span<const MenuEntry> entries)
 {
     for (const MenuEntry& entry : entries) {
         collectOther(entry.children);
+        const WString title = withoutMnemonic(entry.title);
         for (Known& known : commands)
             if (known.shown.command == entry.command && known.shown.argument == entry.argument &&
-                known.shown.title != entry.title)
-                known.otherNames.push_back(entry.title);
+                known.shown.title != title)
+                known.otherNames.push_back(title);
     }
 }
 

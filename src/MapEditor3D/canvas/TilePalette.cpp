@@ -91,8 +91,9 @@ void TilePalette::drawPicture(Graphics& target, const Rect& square, int value,
     const int side = std::min(square.width, square.height);
     switch (paletteKindOf(editor)) {
     case PaletteKind::Walls:
-        edges.use(look == WallLook::Strip ? images.find(ImageType::Wall2D) : nullptr, side,
-                  colours);
+        // A bar is longer than its edge by its thickness.
+        edges.use(look == WallLook::Strip ? images.find(ImageType::Wall2D) : nullptr,
+                  std::max(8, side - 2 * wallThickness(side)), colours);
         drawWall(target, square, value);
         break;
     case PaletteKind::Floor:

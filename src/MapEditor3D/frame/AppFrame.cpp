@@ -4,8 +4,10 @@
 #include "Component/Theme.h"
 #include "Component/Translation.h"
 #include "Game/Map/MapTree.h"
+#include "MapEditor3D/canvas/CommandFinder.h"
 #include "MapEditor3D/canvas/PointerInfo.h"
 #include "MapEditor3D/frame/FrameMenu.h"
+#include "MapEditor3D/frame/dialogs/RecoveryDialog.h"
 #include "Util/Exception.h"
 #include "Util/Host.h"
 #include "Util/ProjectPath.h"
@@ -72,13 +74,20 @@ int layerCommand(const WizMapEditor& editor)
 AppFrame::AppFrame(ProjectSession& session, std::filesystem::path stateFolder)
     : session(session), target(session, *this), stateFolder(std::move(stateFolder)),
       project(std::filesystem::current_path()), sheet(editor),
-      viewWindow(u"view", u"First-person view"), dungeonPane(editor),
-      zoomSlider(0, 5)
+      treeWindow(u"project", u"Project"), viewWindow(u"view", u"First-person view"),
+      tileWindow(u"palette", u"Palette"), eventWindow(u"events", u"Events"),
+      areaWindow(u"areas", u"Areas"), sceneWindow(u"scene", u"Scene"), treePane(session, editor),
+      dungeonPane(editor), tilePane(editor), eventPane(editor), areaPane(editor),
+      scenePane(editor), zoomSlider(0, 5)
 {
     setWindowClass(u"MainFrame");
     state = loadViewState(this->stateFolder, project);
     editor.addListener(*this);
     sheet.getCanvas().setListener(this);
+    tilePane.setListener(this);
+    treePane.setListener(this);
+    areaPane.setListener(this);
+    eventPane.setListener(this);
 }
 
 AppFrame::~AppFrame()
@@ -124,9 +133,30 @@ void AppFrame::buildBars()
 
 void AppFrame::buildPanes()
 {
+    const auto put = [](ToolWindow& window, GroupComponent& pane) {
+        BoxLayout(window.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None)
+            .add(pane);
+    };
+    addToolWindow(treeWindow, Side::Left);
     addToolWindow(viewWindow, Side::Right);
-    BoxLayout(viewWindow.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None)
-        .add(dungeonPane);
+    addToolWindow(tileWindow, Side::Right);
+    tabToolWindow(eventWindow, tileWindow);
+    tabToolWindow(areaWindow, eventWindow);
+    tabToolWindow(sceneWindow, areaWindow);
+    put(treeWindow, treePane);
+    put(viewWindow, dungeonPane);
+    put(tileWindow, tilePane);
+    put(eventWindow, eventPane);
+    put(areaWindow, areaPane);
+    put(sceneWindow, scenePane);
+    constexpr int kTreeWidth = 176, kRightWidth = 320;
+    setDockSizes({{&treeWindow, kTreeWidth}, {&viewWindow, kRightWidth}});
+    tileWindow.raise();
+}
+
+std::vector<ToolWindow*> AppFrame::panels()
+{
+    return {&treeWindow, &viewWindow, &tileWindow, &eventWindow, &areaWindow, &sceneWindow};
 }
 
 void AppFrame::buildStatusbar()
@@ -153,6 +183,7 @@ void AppFrame::addShortcuts()
         if (!button.shortcut.empty())
             addShortcut(button.shortcut, [this, command = button.command] { dispatch(command); });
     addShortcut(u"Ctrl+=", [this] { dispatch(kZoomIn); });
+    addShortcut(u"Ctrl+Shift+P", [this] { findCommand(); });
 }
 
 void AppFrame::applyTheme()
@@ -170,7 +201,7 @@ void AppFrame::restoreWindow()
     const Rect place = fitToScreen(wanted);
     setBounds(place.x, place.y, place.width, place.height);
     restoreLayout(state.panes);
-    if (settings.getSettingString(u"Window", u"Zoomed", u"0") == u"1")
+    if (settings.getSettingString(u"Window", u"Zoomed", u"1") == u"1")
         showMaximised();
 }
 
@@ -250,7 +281,10 @@ bool AppFrame::openMap(WStringView path)
     return true;
 }
 
-void AppFrame::offerRecovery() {}
+void AppFrame::offerRecovery()
+{
+    RecoveryDialog::offer(this, stateFolder, project, editor);
+}
 
 // Commands
 
@@ -302,6 +336,7 @@ void AppFrame::rebuildMenus()
     CanvasOptions options = getCanvas().getOptions();
     options.rowsFromBottom = session.isSystemCoordinateEnabled();
     getCanvas().setOptions(options);
+    eventPane.setRowsFromBottom(options.rowsFromBottom);
     getView().repaint();
     updateCommands();
     updateStatus();
@@ -317,7 +352,13 @@ void AppFrame::updateCommands()
     toolBar.setButtonChecked(layerCommand(editor), true);
 }
 
-void AppFrame::showDialog(int) {}
+/// The buttons of the tool bar stand in no menu.
+void AppFrame::addToolCommands(CommandFinder& finder) const
+{
+    for (const BarButton& button : kToolBar)
+        if (button.command != 0 && button.command < 200)
+            finder.add(button.command, translate(button.english), WString(button.shortcut));
+}
 
 void AppFrame::commandRequested(int command, int argument)
 {
@@ -333,7 +374,7 @@ void AppFrame::panelsToggled()
         hiddenPanels.clear();
         return;
     }
-    for (ToolWindow* const panel : {&viewWindow})
+    for (ToolWindow* const panel : panels())
         if (panel->isVisible()) {
             panel->setVisible(false);
             hiddenPanels.push_back(panel);
@@ -344,12 +385,15 @@ void AppFrame::panelsToggled()
 
 void AppFrame::mapLoaded()
 {
+    // The properties of the open map are told in the same way: then pictures may have changed.
+    getCanvas().reloadImages();
     updateCommands();
     updateStatus();
 }
 
 void AppFrame::mapSaved()
 {
+    treePane.setUnsaved(false);
     updateStatus();
 }
 

@@ -5,7 +5,12 @@
 #include "MapEditor3D/Commands.h"
 #include "MapEditor3D/frame/Dungeon3DPane.h"
 #include "MapEditor3D/frame/MapCanvas.h"
-#include "MapEditor3D/recovery/RecoveryFile.h"
+#include "MapEditor3D/frame/panes/AreaSettingPane.h"
+#include "MapEditor3D/frame/panes/EventTablePane.h"
+#include "MapEditor3D/frame/panes/MapTilePane.h"
+#include "MapEditor3D/frame/panes/MapTreePane.h"
+#include "MapEditor3D/frame/panes/SceneSettingPane.h"
+#include "MapEditor3D/recovery/RecoveryKeeper.h"
 #include "MapEditor3D/recovery/ViewState.h"
 
 #include <filesystem>
@@ -13,13 +18,21 @@
 
 namespace varn {
 
+class CommandFinder;
+
 /// A window of the system's own kind.
 class App : public FrameWindow
 {};
 
 /// The main window: owns the editor of the open map and the panes around it, and gives every
 /// command to the command table.
-class AppFrame final : public App, private MapEditorListener, private MapCanvasListener
+class AppFrame final : public App,
+                       private MapEditorListener,
+                       private MapCanvasListener,
+                       private MapTilePaneListener,
+                       private MapTreePaneListener,
+                       private AreaSettingPaneListener,
+                       private EventTableListener
 {
   public:
     /// @param stateFolder  where the tool keeps what is no setting; empty: nowhere
@@ -45,6 +58,8 @@ class AppFrame final : public App, private MapEditorListener, private MapCanvasL
     bool dispatch(int command, int argument = 0);
     /// The last question was answered and the window is gone.
     bool isClosed() const { return target.isClosed(); }
+    /// The project to go on with behind the end of this run; empty: none.
+    const std::filesystem::path& getNextProject() const { return nextProject; }
 
   private:
     /// What the command table acts on.
@@ -61,8 +76,13 @@ class AppFrame final : public App, private MapEditorListener, private MapCanvasL
         AppFrame& frame;
     };
 
+    /// Opens the window, dialog or page that belongs to a command.
     void showDialog(int command);
     void rebuildMenus();
+    void findCommand();
+    void createProject();
+    void reloadTables();
+    void reloadPictures();
     void buildBars();
     void buildPanes();
     void buildStatusbar();
@@ -91,6 +111,30 @@ class AppFrame final : public App, private MapEditorListener, private MapCanvasL
     void pointerMoved(const std::optional<CanvasCell>& place) override;
     void commandRequested(int command, int argument) override;
     void panelsToggled() override;
+    void eventMenuRequested(MapCell cell, int x, int y) override;
+    void eventEditRequested(std::size_t event) override;
+    void createRequested(MapCell cell) override;
+    void copyRequested() override;
+    void pasteRequested(MapCell cell) override;
+    void deleteRequested() override;
+
+    void tileSettingsRequested(int kind) override;
+    void areaChosen(std::int32_t number) override;
+    void areaShown(MapCell cell) override;
+    void eventShown(std::size_t event) override;
+    void eventCreateRequested() override;
+    void eventDeleteRequested(std::size_t event) override;
+
+    void mapOpenRequested(WStringView name) override;
+    void mapCreateRequested(std::optional<std::size_t> parent) override;
+    void mapEditRequested(WStringView name) override;
+    void mapExportRequested(const std::vector<WString>& names) override;
+    void mapRenamed(WStringView before, WStringView after) override;
+    void mapDeleted(WStringView name) override;
+
+    std::vector<ToolWindow*> panels();
+    std::vector<WString> mapNames();
+    void addToolCommands(CommandFinder& finder) const;
 
     ProjectSession& session;
     Target target;
@@ -99,10 +143,15 @@ class AppFrame final : public App, private MapEditorListener, private MapCanvasL
     ViewState state;
     std::unique_ptr<RecoveryKeeper> recovery;
 
-    MapSheet sheet;
-    ToolBar toolBar, viewBar;
-    ToolWindow viewWindow;
+    CanvasPane sheet;
+    ToolBar toolBar;
+    ToolWindow treeWindow, viewWindow, tileWindow, eventWindow, areaWindow, sceneWindow;
+    MapTreePane treePane;
     Dungeon3DPane dungeonPane;
+    MapTilePane tilePane;
+    EventTablePane eventPane;
+    AreaSettingPane areaPane;
+    SceneSettingPane scenePane;
     Statusbar statusbar;
     Label* placePanel = nullptr;
     Label* wallPanel = nullptr;
@@ -110,6 +159,7 @@ class AppFrame final : public App, private MapEditorListener, private MapCanvasL
     Slider zoomSlider;
     Label zoomLabel;
     std::vector<ToolWindow*> hiddenPanels; ///< by Tab
+    std::filesystem::path nextProject;     ///< is to be opened behind the end of this run
 };
 
 } // namespace varn

@@ -6,15 +6,15 @@ namespace varn {
 
 namespace {
 
-/// "Save All (S)" with a tab and keys behind it: the S becomes the mnemonic, the keys go.
+/// "Save All (S)" with a tab and keys behind it: the S becomes the mnemonic, the keys go. A "&" in
+/// the title marks one already.
 WString shownText(const MenuEntry& entry)
 {
-    WString text;
-    for (const char16_t unit : entry.text.substr(0, entry.text.find(u'\t')))
-        text += unit == u'&' ? WString(u"&&") : WString(1, unit);
+    WString text = entry.text.substr(0, entry.text.find(u'\t'));
     const std::size_t bracket = text.rfind(u" (");
     const std::size_t hotkey = bracket + 2;
-    if (bracket != WString::npos && text.size() == hotkey + 2 && text.back() == u')')
+    const bool isMarked = text.find(u'&') != WString::npos;
+    if (!isMarked && bracket != WString::npos && text.size() == hotkey + 2 && text.back() == u')')
         text.insert(hotkey, 1, u'&');
     return text;
 }

@@ -460,11 +460,11 @@ bool MapCanvas::onKeyDown(int key, std::uint32_t flags)
     }
 }
 
-// MapSheet
+// CanvasPane
 
-MapSheet::MapSheet(WizMapEditor& editor) : canvas(editor) {}
+CanvasPane::CanvasPane(WizMapEditor& editor) : canvas(editor) {}
 
-void MapSheet::onCreate()
+void CanvasPane::onCreate()
 {
     GridLayout(*this, 0, BoxLayout::Margin::None)
         .add(canvas, 0, 0)

@@ -109,10 +109,10 @@ class MapCanvas final : public Component, private MapEditorListener
 };
 
 /// The canvas between its scroll bars.
-class MapSheet final : public GroupComponent
+class CanvasPane final : public GroupComponent
 {
   public:
-    explicit MapSheet(WizMapEditor& editor);
+    explicit CanvasPane(WizMapEditor& editor);
     MapCanvas& getCanvas() { return canvas; }
     void onCreate() override;
 

@@ -15,7 +15,7 @@ class AboutDialog final : public Dialog
     void build() override;
 
   private:
-    Label picture, name, version, maker, uses;
+    Label name, version, maker, uses;
     TextArea licences;
 };
 

@@ -18,8 +18,9 @@ class AuditionBar final : public GroupComponent
   public:
     AuditionBar();
 
-    /// The sound that the buttons are about; what plays stops. Empty: none.
+    /// The sound that the buttons are about, a path of the project; what plays stops. Empty: none.
     void setFile(WStringView path);
+    /// Plays; goes on or rests where it plays already.
     void play();
     void stop();
     bool isPlaying() const { return audition.isPlaying(); }
@@ -34,12 +35,13 @@ class AuditionBar final : public GroupComponent
       public:
         LevelMeter();
         void setLevel(float next);
+        void onCreate() override;
 
       protected:
         void paint(Graphics& graphics, const Rect& dirty) override;
 
       private:
-        float level = 0, peak = 0;
+        float level = 0;
     };
 
     bool open();
@@ -49,6 +51,7 @@ class AuditionBar final : public GroupComponent
     Audition audition;
     WString path;
     Button playButton, stopButton, seamButton;
+    GroupComponent buttons, states;
     Slider position;
     Label time, problem;
     LevelMeter meter;

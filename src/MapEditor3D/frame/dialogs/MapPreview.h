@@ -24,6 +24,7 @@ class MapPreview final : public Component
     /// Without a difference there is no step.
     void takeOver(WizMapEditor& target) const;
 
+    void onCreate() override;
     void onSize(int width, int height) override;
     bool onLeftDown(const MouseEvent& event) override;
     bool onLeftUp(const MouseEvent& event) override;

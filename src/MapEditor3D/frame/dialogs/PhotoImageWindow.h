@@ -4,6 +4,8 @@
 #include "Graphics/Image.h"
 #include "MapEditor3D/generators/PhotoToMap.h"
 
+#include <optional>
+
 namespace varn {
 
 /// The picture of a hand-drawn map with the grid over it, without the colours that are no walls,
@@ -38,6 +40,7 @@ class PhotoImageWindow final : public Component
     std::function<void()> onCursor;
     std::function<void(const std::filesystem::path&)> onDrop;
 
+    void onCreate() override;
     void onDropFiles(const std::vector<std::filesystem::path>& names) override;
     void onSize(int width, int height) override;
     bool onLeftDown(const MouseEvent& event) override;
@@ -66,6 +69,7 @@ class PhotoImageWindow final : public Component
     void begin(Gesture next, const MouseEvent& event);
     void touch(const MouseEvent& event);
     std::optional<Point> pixelAt(int x, int y) const;
+    Point toDevice(double x, double y) const;
     void paintGrid(Graphics& graphics);
     void paintRecognised(Graphics& graphics);
 

@@ -28,6 +28,7 @@ class PhotoToMapDialog final : public Dialog
     bool accept() override;
 
   private:
+    void buildFields();
     void chooseImage();
     void readFields();
     void recognise();

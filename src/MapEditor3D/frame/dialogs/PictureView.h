@@ -17,6 +17,8 @@ class PictureView final : public Component
     /// Shows the picture at a size of its own instead of fitting it; 0: fitted.
     void setMagnification(double next);
 
+    void onCreate() override;
+
   protected:
     void paint(Graphics& graphics, const Rect& dirty) override;
 

@@ -10,8 +10,7 @@ namespace varn {
 class RecoveryDialog final : public Dialog, private TableModel
 {
   public:
-    /// @param project  its folder, absolute
-    RecoveryDialog(std::vector<FoundRecovery> found, const std::filesystem::path& project);
+    explicit RecoveryDialog(std::vector<FoundRecovery> found);
 
     /// The floor to bring back; null: none. What was thrown away is gone already.
     const FoundRecovery* getChosen() const { return chosen ? &*chosen : nullptr; }
@@ -35,6 +34,7 @@ class RecoveryDialog final : public Dialog, private TableModel
     std::vector<FoundRecovery> found;
     std::optional<FoundRecovery> chosen;
     Label question, note;
+    GroupComponent below;
     Table table;
     Button discardButton;
 };

@@ -20,10 +20,13 @@ class ReplaceDialog final : public Dialog
   protected:
     void build() override;
     bool accept() override;
+    void opened() override;
     BaseWindow* firstFocus() override { return &from; }
 
   private:
     TileReplacement getReplacement() const;
+    void fillValues();
+    void chooseRange(bool onlyArea);
     void count();
 
     WizMapEditor& editor;
@@ -31,6 +34,7 @@ class ReplaceDialog final : public Dialog
     std::vector<int> numbers; ///< of the areas
     ComboBoxLight layer, from, to, area;
     RadioButton everywhere, inArea;
+    GroupComponent areaRow;
     Label found;
 };
 

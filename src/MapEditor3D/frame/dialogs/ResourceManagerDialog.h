@@ -9,6 +9,7 @@
 #include "Game/Map/GameResourceManager.h"
 #include "MapEditor3D/frame/dialogs/AuditionBar.h"
 #include "MapEditor3D/frame/dialogs/PictureView.h"
+#include "MapEditor3D/project/ResourceUsage.h"
 
 namespace varn {
 
@@ -49,6 +50,8 @@ class ResourceManagerDialog final : public Dialog, private TableModel
     void buildScale(GroupComponent& page);
     void selectCategory();
     void showSelected();
+    void showUsage(const ResourceItem& item);
+    void showAdded(WStringView path);
     void chooseFiles();
     void removeSelected();
 
@@ -58,11 +61,13 @@ class ResourceManagerDialog final : public Dialog, private TableModel
     ComboBoxLight categories;
     FileTable table;
     Button importButton, removeButton;
-    GroupComponent typeRow, side, buttons, body;
+    GroupComponent typeRow, side, buttons, body, scaleForm;
+    Label typeLabel{u"Resource &Type"};
     TextCheckBox flips, keepsAspect;
     PictureView picture;
     AuditionBar audition;
-    Label about, usage;
+    Label about, usage, scaleNote;
+    std::optional<ResourceUsage> uses; ///< taken at the first question
     DecimalField scale;
     PictureView scalePreview;
 };

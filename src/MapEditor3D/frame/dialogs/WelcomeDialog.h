@@ -21,14 +21,17 @@ class WelcomeDialog final : public Dialog, private TableModel
   protected:
     void build() override;
     bool accept() override;
+    void opened() override;
 
   private:
     int getRowCount() const override;
     int getColumnCount() const override { return 2; }
     WString getValueAt(int row, int column) const override;
 
+    void update();
     void openDemo();
     void makeHere();
+    void createElsewhere();
     void openOther();
     void forget();
     void goOn(std::filesystem::path folder);
@@ -36,7 +39,7 @@ class WelcomeDialog final : public Dialog, private TableModel
     RecentProjects& recent;
     std::filesystem::path project;
     Label heading, place;
-    Button demo, here, other, forgetButton;
+    Button demo, here, create, other, forgetButton;
     GroupComponent choices, below;
     Label recentLabel;
     Table table;

@@ -17,8 +17,8 @@ class AreaSettingPaneListener
 {
   public:
     virtual ~AreaSettingPaneListener() = default;
-    /// A number was chosen to paint with; the editor has it already. The area layer is to come into
-    /// force.
+    /// A number was chosen to paint with: the area layer is to come into force. Behind that the
+    /// pane selects the number in the editor.
     virtual void areaChosen(std::int32_t /*number*/) {}
     /// A cell of the chosen area; bring it into view.
     virtual void areaShown(MapCell /*cell*/) {}
@@ -55,14 +55,16 @@ class AreaSettingPane final : public GroupComponent, private MapEditorListener
     void tileSelected(int tile) override;
     void toolChanged() override;
 
+    void buildList();
+    void buildFields();
     AreaModel* selected();
     void chosen();
+    void paintWith(std::int32_t wanted);
     void showArea();
     void takeFields();
     void changeNumber();
-    void takeNext();
     void removeArea();
-    void edited();
+    void tellEdited();
 
     WizMapEditor& editor;
     AreaSettingPaneListener* listener = nullptr;
@@ -77,8 +79,9 @@ class AreaSettingPane final : public GroupComponent, private MapEditorListener
     TextArea text;
     RowChoice enemyTable;
     CheckBox room, teleportBlock;
-    bool following = false; // the fields are being filled
-    bool editing = false;   // this pane changes the map
+    std::int32_t shownNumber = 0; // of the area in the fields; 0: none
+    bool following = false;       // the fields are being filled
+    bool editing = false;         // this pane changes the map
 
     static constexpr int kLastAreaNumber = 9999;
 };

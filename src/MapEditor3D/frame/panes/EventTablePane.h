@@ -42,23 +42,35 @@ class EventTablePane final : public GroupComponent, private MapEditorListener
 
   private:
     class Model;
+    /// The kit's table, with the key that deletes.
+    class EventTable final : public Table
+    {
+      public:
+        explicit EventTable(std::function<void()> deletePressed)
+            : deletePressed(std::move(deletePressed))
+        {}
+        bool onKeyDown(int key, std::uint32_t flags) override;
+
+      private:
+        std::function<void()> deletePressed;
+    };
 
     void mapLoaded() override;
-    void eventsChanged() override;
+    void eventsChanged() override { show(); }
     void eventSelected(std::optional<std::size_t> event) override;
+    void show();
     void chosen();
-    void updateButtons();
-    MessageResult windowProc(NativeHandle window, std::uint32_t message, WordParam wParam,
-                             LongParam lParam) override;
+    /// Asks the listener something about the selected event.
+    void request(void (EventTableListener::*what)(std::size_t));
 
     WizMapEditor& editor;
     EventTableListener* listener = nullptr;
     std::unique_ptr<Model> model;
+    WString mapName; // the map whose events were filtered
     TextField filter;
-    Table table;
+    EventTable table{[this] { request(&EventTableListener::eventDeleteRequested); }};
     GroupComponent buttons;
     Button createButton, editButton, deleteButton;
-    bool following = false; // the editor's selection is being shown
 };
 
 } // namespace varn

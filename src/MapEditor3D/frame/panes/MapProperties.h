@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Game/Map/GameResourceManager.h"
 #include "MapEditor3D/WizMapEditor.h"
 #include "Parser/Element.h"
 
@@ -16,7 +17,12 @@ namespace varn {
 struct MapPictureField
 {
     ImageType type;
-    WStringView label; ///< English, with its mnemonic
+    WStringView label;       ///< English, with its mnemonic
+    WStringView folder = {}; ///< whose pictures are offered, for one that is in no catalogue
+    std::optional<ResourceCategory> category = {}; ///< of the catalogue
+
+    /// Seen in the first-person view, not on the map from above.
+    bool isInView() const { return category.has_value(); }
 };
 std::span<const MapPictureField> mapPictureFields();
 

@@ -57,10 +57,10 @@ class MapPropertyDialog final : public Dialog
     ColorPicker background;
     struct Picture
     {
-        const MapPictureField& field;
-        ResourceChoice choice;
+        ImageType type;
+        std::unique_ptr<ResourceChoice> choice;
     };
-    std::vector<std::unique_ptr<Picture>> pictures;
+    std::vector<Picture> pictures;
     ResourceChoice bgm, bgs, footstep, door;
 };
 

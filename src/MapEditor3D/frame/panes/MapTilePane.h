@@ -8,6 +8,7 @@
 namespace varn {
 
 class TileGrid;
+class TilePalette;
 
 /// Told what a person does in the palette.
 class MapTilePaneListener
@@ -41,13 +42,15 @@ class MapTilePane final : public GroupComponent, private MapEditorListener
     void applyTexts() override;
 
   private:
-    void mapLoaded() override;
+    void show();
+    void mapLoaded() override { show(); }
     void areasChanged(const CellRect& cells) override;
     void tileSelected(int tile) override;
-    void toolChanged() override;
+    void toolChanged() override { show(); }
 
     WizMapEditor& editor;
     MapTilePaneListener* listener = nullptr;
+    std::unique_ptr<TilePalette> palette;
     std::unique_ptr<TileGrid> grid;
 };
 

@@ -49,6 +49,7 @@ class MapTreePane final : public GroupComponent, private TreeViewListener, priva
     std::optional<std::size_t> getSelectedEntry() const;
     void selectMap(WStringView name);
     TreeView& getTree() { return tree; }
+    const TreeView& getTree() const { return tree; }
 
     /// The commands of the popup menu, for keys and menus too.
     enum Command
@@ -72,6 +73,18 @@ class MapTreePane final : public GroupComponent, private TreeViewListener, priva
     void applyTexts() override;
 
   private:
+    /// The kit's tree, with the key that deletes.
+    class Tree final : public TreeView
+    {
+      public:
+        explicit Tree(std::function<void()> deletePressed) : deletePressed(std::move(deletePressed))
+        {}
+        bool onKeyDown(int key, std::uint32_t flags) override;
+
+      private:
+        std::function<void()> deletePressed;
+    };
+
     void itemActivated(TreeItem& item) override;
     bool itemRenamed(TreeItem& item, WStringView text) override;
     void menuRequested(TreeItem* item, int x, int y) override;
@@ -82,21 +95,22 @@ class MapTreePane final : public GroupComponent, private TreeViewListener, priva
     void committed() override { setUnsaved(true); }
 
     MapHierarchy& hierarchy() const { return session.getHierarchy(); }
-    TreeItem* itemOfEntry(std::optional<std::size_t> entry);
-    std::optional<std::size_t> entryOf(const TreeItem* item) const;
+    TreeItem* itemOf(std::size_t entry) const;
+    static std::optional<std::size_t> entryOf(const TreeItem* item);
+    std::optional<std::size_t> folderOfSelected() const;
+    std::vector<WString> chosenMaps() const;
     void build();
-    void addChildren(TreeItem& item, std::optional<std::size_t> entry);
-    void markOpenMap(TreeItem& item);
-    bool renameEntry(std::size_t entry, WStringView name);
+    void addChildren(TreeItem& item, std::optional<std::size_t> parent);
+    bool renameEntry(std::size_t entry, const WString& name);
     void createFolder();
-    void removeEntry();
+    void removeEntry(std::optional<std::size_t> entry);
     void openLocation();
-    void exportHtml();
 
     ProjectSession& session;
     WizMapEditor& editor;
     MapTreePaneListener* listener = nullptr;
-    TreeView tree;
+    Tree tree;
+    std::vector<std::int32_t> shownIds;  ///< of the entries, as the tree shows them
     std::vector<std::int32_t> collapsed; ///< ids of folders
     WString openMap;
     bool unsaved = false;

@@ -25,7 +25,7 @@ void ResourceChoice::onCreate()
 {
     BoxLayout row(*this, BoxLayout::Axis::Row, BoxLayout::Margin::None);
     row.add(list, 1);
-    if (isPicture(categories.front())) {
+    if (categories.empty() || isPicture(categories.front())) {
         row.add(picture);
         picture.setFixedSize(kPictureSide, kPictureSide);
     }

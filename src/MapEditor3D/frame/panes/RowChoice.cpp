@@ -15,6 +15,15 @@ RowChoice::Opener& opener()
     return function;
 }
 
+/// Rows up to the last one with a name: those behind it only fill the table.
+std::int32_t namedRows(const GameTable& table)
+{
+    auto count = static_cast<std::int32_t>(table.size());
+    while (count > 0 && table.rowAt(static_cast<std::size_t>(count - 1)).getName().empty())
+        --count;
+    return count > 0 ? count : static_cast<std::int32_t>(table.size());
+}
+
 } // namespace
 
 WString rowText(const GameTable& table, std::int32_t row)
@@ -71,14 +80,21 @@ void RowChoice::refresh()
 void RowChoice::fill()
 {
     numbers.clear();
-    std::vector<WString> texts;
-    if (!noneEnglish.empty()) {
+    if (!noneEnglish.empty())
         numbers.push_back(noneNumber);
-        texts.push_back(translate(noneEnglish));
-    }
-    for (std::size_t row = 0; table && row < table->size(); ++row) {
-        numbers.push_back(static_cast<std::int32_t>(row));
-        texts.push_back(rowText(*table, numbers.back()));
+    for (std::int32_t row = firstRow; table && row < namedRows(*table); ++row)
+        numbers.push_back(row);
+    showNumbers();
+}
+
+void RowChoice::showNumbers()
+{
+    std::vector<WString> texts;
+    for (const std::int32_t number : numbers) {
+        const bool isNone = !noneEnglish.empty() && number == noneNumber;
+        texts.push_back(isNone  ? translate(noneEnglish)
+                        : table ? rowText(*table, number)
+                                : toDecimal(number));
     }
     list.setItems(texts);
 }
@@ -97,14 +113,8 @@ void RowChoice::setRow(std::int32_t row)
         row = noneNumber;
     auto found = std::ranges::find(numbers, row);
     if (found == numbers.end()) { // kept, and told for what it is
-        fill();
         numbers.push_back(row);
-        std::vector<WString> texts;
-        for (const std::int32_t number : numbers)
-            texts.push_back(!noneEnglish.empty() && number == noneNumber ? translate(noneEnglish)
-                            : table                                      ? rowText(*table, number)
-                                                                         : toDecimal(number));
-        list.setItems(texts);
+        showNumbers();
         found = numbers.end() - 1;
     }
     list.setSelectedIndex(static_cast<int>(found - numbers.begin()));

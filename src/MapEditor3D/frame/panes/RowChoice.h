@@ -22,6 +22,8 @@ class RowChoice final : public GroupComponent
 
     /// The table whose rows are offered, borrowed.
     void setTable(const GameTable& next);
+    /// Rows before this one are not offered.
+    void setFirstRow(std::int32_t row) { firstRow = row; }
     std::int32_t getRow() const;
     void setRow(std::int32_t row);
     /// Fills the list anew, behind a change of the table.
@@ -42,10 +44,12 @@ class RowChoice final : public GroupComponent
 
   private:
     void fill();
+    void showNumbers();
 
     const GameTable* table = nullptr;
     WString noneEnglish;
     std::int32_t noneNumber;
+    std::int32_t firstRow = 0;
     std::vector<std::int32_t> numbers; ///< of the entries
     ComboBox list;
     Button openButton;

@@ -36,11 +36,12 @@ class SceneSettingPane final : public GroupComponent, private MapEditorListener
     struct Picture
     {
         ImageType type;
-        ResourceChoice choice;
+        std::unique_ptr<ResourceChoice> choice;
     };
-    std::vector<std::unique_ptr<Picture>> pictures;
+    std::vector<Picture> pictures;
     ResourceChoice music, sound;
     bool following = false; // the fields are being filled
+    bool editing = false;   // this pane changes the map
 };
 
 } // namespace varn
