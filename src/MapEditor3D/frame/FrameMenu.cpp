@@ -1,5 +1,8 @@
 #include "MapEditor3D/frame/FrameMenu.h"
 
+#include "Component/Translation.h"
+#include "Game/Map/Direction.h"
+#include "MapEditor3D/Commands.h"
 #include "MapEditor3D/Menu.h"
 
 namespace varn {
@@ -19,6 +22,17 @@ WString shownText(const MenuEntry& entry)
     return text;
 }
 
+/// The document has one item for it; which way comes with the command.
+void addDirections(MenuLine& line)
+{
+    for (const Direction side : kSides) {
+        MenuLine& way = line.children.emplace_back();
+        way.text = translate(side.toText());
+        way.command = kShiftCommand;
+        way.argument = side.getValue();
+    }
+}
+
 MenuLine makeLine(const MenuEntry& entry)
 {
     MenuLine line;
@@ -29,6 +43,8 @@ MenuLine makeLine(const MenuEntry& entry)
     line.checked = entry.checked;
     for (const MenuEntry& child : entry.children)
         line.children.push_back(makeLine(child));
+    if (entry.command == kShiftCommand && entry.children.empty())
+        addDirections(line);
     return line;
 }
 
