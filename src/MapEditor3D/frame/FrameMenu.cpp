@@ -5,6 +5,8 @@
 #include "MapEditor3D/Commands.h"
 #include "MapEditor3D/Menu.h"
 
+#include <algorithm>
+
 namespace varn {
 
 namespace {
@@ -48,7 +50,48 @@ MenuLine makeLine(const MenuEntry& entry)
     return line;
 }
 
+/// The top-level menu that holds a command; null: none does.
+MenuLine* menuWith(Menu& menu, int command)
+{
+    for (MenuLine& top : menu.getLines())
+        if (std::ranges::find(top.children, command, &MenuLine::command) != top.children.end())
+            return &top;
+    return nullptr;
+}
+
+MenuLine separator()
+{
+    MenuLine line;
+    line.text = u"-";
+    return line;
+}
+
 } // namespace
+
+void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels)
+{
+    constexpr int kFloorLayer = 216, kTileSettings = 225;
+    if (MenuLine* const view = menuWith(menu, kFloorLayer)) {
+        MenuLine all;
+        all.text = translate(u"Panels");
+        for (std::size_t place = 0; place < panels.size(); ++place) {
+            MenuLine& line = all.children.emplace_back();
+            line.text = panels[place]->getText();
+            line.command = kTogglePanel;
+            line.argument = static_cast<int>(place);
+        }
+        view->children.push_back(separator());
+        view->children.push_back(std::move(all));
+    }
+    if (MenuLine* const tools = menuWith(menu, kTileSettings)) {
+        MenuLine find;
+        find.text = translate(u"Find Command...");
+        find.shortcut = u"Ctrl+Shift+P";
+        find.command = kFindCommand;
+        tools->children.push_back(separator());
+        tools->children.push_back(std::move(find));
+    }
+}
 
 Menu makeFrameMenu(bool systemCoordinates)
 {

@@ -14,7 +14,7 @@ namespace varn {
 
 namespace {
 
-constexpr int kZoomIn = 6, kZoomOut = 7;
+constexpr int kPen = 3, kRectangle = 4, kZoomIn = 6, kZoomOut = 7;
 
 Point pointOf(const MouseEvent& event)
 {
@@ -455,6 +455,11 @@ bool MapCanvas::onKeyDown(int key, std::uint32_t flags)
         if (!listener || editor.getMode() != EditorMode::Event || !editor.getSelectedEvent())
             return false;
         listener->eventEditRequested(*editor.getSelectedEvent());
+        return true;
+    case 'P':
+    case 'R':
+        if (listener)
+            listener->commandRequested(key == 'P' ? kPen : kRectangle, 0);
         return true;
     case kKeyPlus:
     case kKeyAdd:
