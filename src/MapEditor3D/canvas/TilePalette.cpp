@@ -82,11 +82,9 @@ void TilePalette::drawPicture(Graphics& target, const Rect& square, int value,
     target.fillRect(square, colours.paper, 255);
     const auto drawTile = [&](TileStrip& strip, ImageType type, int side) {
         strip.use(images.find(type), side);
-        const Image* const tile = strip.tile(value);
-        if (tile)
-            target.drawImage(*tile, square.x + (square.width - side) / 2,
-                             square.y + (square.height - side) / 2);
-        return tile != nullptr;
+        return strip.draw(
+            target, value,
+            {square.x + (square.width - side) / 2, square.y + (square.height - side) / 2});
     };
     const int side = std::min(square.width, square.height);
     switch (paletteKindOf(editor)) {
