@@ -18,8 +18,9 @@ class RecordingHost : public Host
     std::vector<Question> questions;
     std::deque<Answer> answers;  ///< taken from the front; No when empty
     std::vector<WString> opened; ///< openWithShell and editText
-    std::vector<WString> ran;    ///< runProgram: program, blank, words; startInFolder: " in " and the folder
-    std::vector<ChooserRequest> choosers; ///< of folders only the title
+    std::vector<WString>
+        ran; ///< runProgram: program, blank, words; startInFolder: " in " and the folder
+    std::vector<ChooserRequest> choosers;           ///< of folders only the title
     std::deque<WString> chosenFiles, chosenFolders; ///< as answers; nothing is chosen when empty
     WString clipboard;
     std::uint64_t nowMs = 0;

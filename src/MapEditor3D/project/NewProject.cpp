@@ -149,11 +149,14 @@ WStringView newProjectFault(const fs::path& folder)
     std::error_code fault;
     if (!folder.is_absolute())
         return u"Please enter the whole path of a folder";
-    if (!fs::exists(folder, fault))
-        return fault ? u"This folder can't be reached" : u"";
-    if (!fs::is_directory(folder, fault))
+    fs::path there = folder; // as far up as something stands
+    while (!fs::exists(there, fault) && !fault && there.has_relative_path())
+        there = there.parent_path();
+    if (fault)
+        return u"This folder can't be reached";
+    if (!fs::is_directory(there, fault))
         return u"There is a file of that name";
-    if (!fs::is_empty(folder, fault))
+    if (there == folder && !fs::is_empty(folder, fault))
         return fault ? u"This folder can't be reached" : u"The folder is not empty";
     return {};
 }

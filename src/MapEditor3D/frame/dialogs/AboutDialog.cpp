@@ -21,6 +21,8 @@ constexpr WStringView kLicences = u"Qt 6 - GNU LGPL 3\n"
                                   u"SDL 2 - zlib License\n"
                                   u"VL Gothic - M+ FONTS LICENSE and BSD 3-Clause License\n";
 
+constexpr int kNameHeight = 24;
+
 } // namespace
 
 AboutDialog::AboutDialog() : Dialog(u"About") {}
@@ -31,7 +33,7 @@ void AboutDialog::build()
     setButtons(u"Close", u"");
     BoxLayout rows(getPane(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
     rows.add(name).add(version).add(maker).addSpace(8).add(uses).add(licences, 1);
-    name.setFont({.height = 24, .bold = true});
+    name.setFontHeight(kNameHeight);
     name.setText(kProductName);
     version.setText(translateWith(u"Version %1", {fromUtf8(VARN_VERSION)}));
     maker.setText(WString(kMakerName) + u" - " + translate(u"MIT License"));

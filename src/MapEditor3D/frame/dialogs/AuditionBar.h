@@ -24,6 +24,8 @@ class AuditionBar final : public GroupComponent
     void play();
     void stop();
     bool isPlaying() const { return audition.isPlaying(); }
+    /// Milliseconds of the sound.
+    std::uint32_t getPosition() const { return audition.position(); }
 
     void onCreate() override;
     void destroy() override;

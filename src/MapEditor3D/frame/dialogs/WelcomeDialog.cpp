@@ -13,6 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int kHeadingHeight = 20;
 constexpr const char* kDemoName = "The Sunken Priory";
 
 /// A name that is free in a folder: "Demo", "Demo 2", ...
@@ -39,16 +40,16 @@ void WelcomeDialog::build()
     setButtons(u"Open", u"Exit");
     BoxLayout rows(getPane(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
     rows.add(heading).add(place).add(choices).add(recentLabel).add(table, 1).add(below);
-    heading.setFont({.height = 20, .bold = true});
+    heading.setFontHeight(kHeadingHeight);
     heading.setLabel(u"This folder is not a project yet.");
-    place.setText(toWide(fs::current_path()));
     place.setDimmed(true);
 
     BoxLayout buttons(choices, BoxLayout::Axis::Column, BoxLayout::Margin::None);
     buttons.add(demo).add(here).add(create).add(other);
     const WStringView fault = newProjectFault(fs::current_path());
     here.setEnabled(fault.empty());
-    here.setHint(fault);
+    place.setText(toWide(fs::current_path()) +
+                  (fault.empty() ? WString() : u" - " + translate(fault)));
     demo.onAction([this] { openDemo(); });
     here.onAction([this] { makeHere(); });
     create.onAction([this] { createElsewhere(); });

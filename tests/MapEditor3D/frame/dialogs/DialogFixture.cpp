@@ -25,6 +25,17 @@ void DialogTest::speak(WStringView language)
     useLanguageTexts();
 }
 
+void DialogTest::show(Dialog& dialog)
+{
+    dialog.show(nullptr);
+    Application::processMessages();
+}
+
+bool DialogTest::stands(Dialog& dialog)
+{
+    return native::isVisible(windowOf(dialog));
+}
+
 NativeHandle DialogTest::windowOf(Dialog& dialog)
 {
     return native::getParent(dialog.getPane().getHandle());
@@ -39,8 +50,9 @@ NativeHandle DialogTest::control(Dialog& dialog, WStringView text)
 
 void DialogTest::press(Dialog& dialog, WStringView button)
 {
-    if (const NativeHandle found = control(dialog, button))
-        robot::click(found, 4, 4);
+    const NativeHandle found = robot::findByText(windowOf(dialog), button);
+    ASSERT_TRUE(found) << toUtf8(button);
+    robot::click(found, 4, 4);
 }
 
 } // namespace varn::test

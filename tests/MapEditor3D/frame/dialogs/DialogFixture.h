@@ -18,6 +18,10 @@ class DialogTest : public ::testing::Test
 
     /// Takes a language document beside the program into force.
     static void speak(WStringView language);
+    /// Shows a dialog without waiting for its end.
+    static void show(Dialog& dialog);
+    /// It was not closed yet.
+    static bool stands(Dialog& dialog);
     /// The window of a dialog that stands.
     static NativeHandle windowOf(Dialog& dialog);
     /// The control of a dialog that a label names, or the button with that text; a test failure

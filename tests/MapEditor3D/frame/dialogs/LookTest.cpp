@@ -28,8 +28,7 @@ class LookTest : public DialogTest
     /// With VARN_GALLERY in the environment, a folder, the dialog's picture is left there.
     static void look(Dialog& dialog, const std::string& name)
     {
-        dialog.show(nullptr);
-        Application::processMessages();
+        show(dialog);
         const NativeHandle window = windowOf(dialog);
         Bitmap picture;
         robot::grab(window, picture);
