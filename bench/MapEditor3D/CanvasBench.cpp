@@ -3,6 +3,7 @@
 // bytes as the limit of what any painter could do.
 #include "MapEditor3D/canvas/MapPainter.h"
 #include "MapEditor3D/generators/DungeonGenerator.h"
+#include "MapEditor3D/recovery/RecoveryFile.h"
 #include "Util/Random.h"
 
 #include <benchmark/benchmark.h>
@@ -107,6 +108,16 @@ void hoverMove(benchmark::State& state)
     }
 }
 BENCHMARK(hoverMove)->Unit(benchmark::kMillisecond);
+
+/// What the record of unsaved strokes costs between two strokes; the disk is another thread's.
+void recordOfTheMap(benchmark::State& state)
+{
+    WizMapEditor editor;
+    fill(editor);
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(contentsOf(editor.getMap()));
+}
+BENCHMARK(recordOfTheMap)->Unit(benchmark::kMillisecond);
 
 /// The bytes of the window, copied.
 void copyOfTheWindow(benchmark::State& state)

@@ -223,7 +223,8 @@ class Device final : public SoundDevice
   public:
     bool open()
     {
-        // Songs and most sounds are at this rate. Short steps of the mixer make a stop prompt.
+        // Songs and most sounds are at this rate. Short steps of the mixer make a stop prompt;
+        // version 1.19 of the library takes 1024 frames all the same.
         constexpr ALCint kRate = 44100, kStepsPerSecond = 100;
         mixer.device.reset(alcOpenDevice(nullptr));
         return mixer.device &&

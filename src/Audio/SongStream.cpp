@@ -15,6 +15,7 @@ std::uint64_t framesOf(std::uint64_t milliseconds)
 
 std::size_t SongStream::read(std::span<std::int16_t> samples)
 {
+    soughtPlace.reset();
     std::size_t done = 0;
     while (done < samples.size()) {
         const std::uint64_t left = framesOf(elapsed) - rendered;
@@ -46,6 +47,7 @@ bool SongStream::nextEvent()
 void SongStream::seek(std::uint32_t milliseconds)
 {
     sequencer.seek(milliseconds);
+    soughtPlace = milliseconds;
     isEventDue = false;
     wait = 0;
     elapsed = 0;
@@ -54,6 +56,8 @@ void SongStream::seek(std::uint32_t milliseconds)
 
 std::uint32_t SongStream::getPosition() const
 {
+    if (soughtPlace)
+        return *soughtPlace;
     const auto left = static_cast<std::uint32_t>((framesOf(elapsed) - rendered) * 1000 /
                                                  Synth::kSamplesPerSecond);
     return sequencer.getPosition() + wait - std::min(left, wait);

@@ -31,6 +31,7 @@ class SongStream
     std::uint64_t rendered = 0; // frames
     std::uint32_t wait = 0;     // milliseconds, the share of that event
     bool isEventDue = false;
+    std::optional<std::uint32_t> soughtPlace; // until it is gone to
 };
 
 } // namespace varn

@@ -41,6 +41,8 @@ class FluidSynth final : public Synth
         fluid_settings_setstr(settings.get(), "synth.midi-bank-select", "gs");
         fluid_settings_setint(settings.get(), "synth.device-id", 16);
         fluid_settings_setint(settings.get(), "synth.cpu-cores", 1);
+        // An orchestra with all that still rings; more are not told apart, and cost.
+        fluid_settings_setint(settings.get(), "synth.polyphony", 64);
         // Beside sound effects the library's own 0.2 is too soft; a full orchestra stays below 1.
         fluid_settings_setnum(settings.get(), "synth.gain", 0.7);
         synth.reset(new_fluid_synth(settings.get()));

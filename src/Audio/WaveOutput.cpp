@@ -208,11 +208,17 @@ std::uint64_t WaveOutput::pending()
 void WaveOutput::notePeaksLocked()
 {
     const std::uint64_t hundredth = device->samplesPerSecond() / 100;
-    for (std::size_t i = 0; i < samples.size(); i += 2, ++peakFrames) {
+    for (std::size_t at = 0; at < samples.size();) {
         if (peakFrames / hundredth >= peaksFrom + peaks.size())
             peaks.push_back(0);
-        const int loudest = std::max(std::abs(int{samples[i]}), std::abs(int{samples[i + 1]}));
-        peaks.back() = std::max(peaks.back(), static_cast<std::uint16_t>(loudest));
+        const std::uint64_t left = hundredth - peakFrames % hundredth;
+        const std::size_t count = std::min<std::uint64_t>(left * 2, samples.size() - at);
+        int loudest = peaks.back();
+        for (const std::int16_t sample : std::span(samples).subspan(at, count))
+            loudest = std::max(loudest, std::abs(int{sample}));
+        peaks.back() = static_cast<std::uint16_t>(loudest);
+        peakFrames += count / 2;
+        at += count;
     }
     const std::uint64_t heardHundredths = lastHeard / hundredth;
     for (; peaks.size() > 3 && peaksFrom + 3 < heardHundredths; ++peaksFrom)

@@ -36,19 +36,19 @@ void InputState::movePointer(int x, int y)
     pointerY = y;
 }
 
-InputState::Keys InputState::keysOf(const PadState& pressed) const
+InputState::Keys InputState::keysOf(const PadState& held) const
 {
     Keys keys;
-    const auto add = [&keys](bool held, int key) {
-        if (held && isKey(key))
+    const auto add = [&keys](bool isHeld, int key) {
+        if (isHeld && isKey(key))
             keys.set(static_cast<std::size_t>(key));
     };
-    add(pressed.left, key::kLeft);
-    add(pressed.right, key::kRight);
-    add(pressed.up, key::kUp);
-    add(pressed.down, key::kDown);
+    add(held.left, key::kLeft);
+    add(held.right, key::kRight);
+    add(held.up, key::kUp);
+    add(held.down, key::kDown);
     for (int button = 0; button < key::kButtonCount; ++button)
-        add((pressed.buttons >> button & 1) != 0, buttonKey(button));
+        add((held.buttons >> button & 1) != 0, buttonKey(button));
     return keys;
 }
 

@@ -86,7 +86,7 @@ class InputState
         return isKey(key) && keys[static_cast<std::size_t>(key)];
     }
     int buttonKey(int button) const;
-    Keys keysOf(const PadState& state) const;
+    Keys keysOf(const PadState& held) const;
     void note(int key);
 
     /// Guards everything below: the host feeds while scripts read.

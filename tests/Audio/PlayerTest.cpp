@@ -208,15 +208,18 @@ TEST(AudioPlayer, aStopIsSilentAtOnce)
 {
     LoopbackOutput loopback;
     AudioPlayer player = samplePlayer(distinctSamples(200000), loopback.get());
-    for (int round = 0; round < 20; ++round) {
+    std::vector<std::chrono::steady_clock::duration> times;
+    for (int round = 0; round < 21; ++round) {
         ASSERT_TRUE(player.start());
         loopback.listen(441);
         const auto begin = std::chrono::steady_clock::now();
         player.stop();
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
+        times.push_back(std::chrono::steady_clock::now() - begin);
         EXPECT_FALSE(player.isPlaying());
         EXPECT_TRUE(isSilent(loopback.listenAsItIs(441)));
     }
+    std::sort(times.begin(), times.end());
+    EXPECT_LT(times[times.size() / 2], std::chrono::milliseconds(20)); // a busy machine delays some
 }
 
 TEST(AudioPlayer, otherFormatsSoundAsTheyAre)
@@ -290,7 +293,7 @@ TEST(AudioPlayer, refusesWhatIsNoSound)
 TEST(SoundPlayer, effectsOverlapAndAreCollected)
 {
     TemporaryProject project;
-    project.write("long.wav", waveFile(distinctSamples(44100 * 4)));
+    project.write("long.wav", waveFile(sine(440, 8000, 100), 1, 8000));
     project.write("short.wav", waveFile(distinctSamples(4410)));
     SoundOutput output([] { return std::make_unique<SilentDevice>(10); });
     SoundPlayer player(output);
@@ -298,7 +301,7 @@ TEST(SoundPlayer, effectsOverlapAndAreCollected)
         ASSERT_TRUE(player.play(u"long.wav"));
     ASSERT_TRUE(player.play(u"short.wav"));
     EXPECT_EQ(player.count(), 4U);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // a second of theirs
+    std::this_thread::sleep_for(std::chrono::milliseconds(300)); // three seconds of theirs
     EXPECT_EQ(player.count(), 4U) << "nothing was played that collects";
     EXPECT_FALSE(player.play(u"missing.wav"));
     ASSERT_TRUE(player.play(u"short.wav"));
@@ -323,15 +326,32 @@ TEST(SoundOutput, aDeviceThatVanishesIsReplacedByAClock)
     ASSERT_TRUE(music.start() && effect.start());
     std::this_thread::sleep_for(std::chrono::milliseconds(150));
     isPlugged = false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    EXPECT_TRUE(music.isPlaying());
-    EXPECT_NEAR(music.getPosition(), 400, 150) << "time goes on";
+    EXPECT_TRUE(LoopbackOutput::waitUntil([&] { return music.getPosition() > 500; }))
+        << "time goes on";
     ASSERT_TRUE(LoopbackOutput::waitUntil([&] { return !music.isPlaying(); }));
     EXPECT_TRUE(music.start());
     music.stop();
     FileLogger::instance().close();
     EXPECT_EQ(countLines(project.read("log.log"), "The sound device is gone."), 1U);
     EXPECT_EQ(countLines(project.read("log.log"), "silently"), 1U);
+}
+
+// The sound library's own null device, where the environment names it; any card; or our clock.
+TEST(SoundOutput, theMachinesDeviceKeepsTime)
+{
+    TemporaryProject project;
+    AudioPlayer player = samplePlayer(distinctSamples(44100), soundOutput());
+    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_TRUE(player.start());
+    ASSERT_TRUE(LoopbackOutput::waitUntil([&] { return player.getPosition() > 200; }));
+    EXPECT_GT(player.getLevel(), 0.5F);
+    player.pause();
+    const std::uint32_t position = player.getPosition();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_EQ(player.getPosition(), position);
+    player.resume();
+    ASSERT_TRUE(LoopbackOutput::waitUntil([&] { return !player.isPlaying(); }));
+    EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(1200));
 }
 
 TEST(SoundOutput, withoutADeviceTheClockPlays)

@@ -46,7 +46,6 @@ class MapPainter final : private MapEditorListener
 
   private:
     void mapLoaded() override;
-    void propertiesChanged() override { mapLoaded(); }
     void cellsChanged(const CellRect& cells) override { markCells(cells); }
     void eventsChanged() override;
     void areasChanged(const CellRect& cells) override;

@@ -196,8 +196,7 @@ void SheetPainter::paintFloor()
         if (index == 0)
             return;
         const Rect place = placeOf(x, y);
-        if (const Image* const tile = scene.floorTiles.tile(index)) {
-            target.drawImage(*tile, place.x, place.y);
+        if (scene.floorTiles.draw(target, index, {place.x, place.y})) {
             if (palette.tileDim)
                 fill(place, palette.paper, palette.tileDim);
             paintGridLines(place, x, y, 100);
@@ -295,14 +294,9 @@ void SheetPainter::paintEvents()
 
 void SheetPainter::paintEvent(const GameEvent& event, const Rect& place, double opacity)
 {
-    if (const Image* const tile = scene.eventTiles.tile(event.type)) {
-        const int off = (side - scene.eventTiles.getSide()) / 2;
-        Image& picture = const_cast<Image&>(*tile);
-        picture.opacity = opacity;
-        target.drawImage(picture, place.x + off, place.y + off);
-        picture.opacity = 1;
+    const int off = (side - scene.eventTiles.getSide()) / 2;
+    if (scene.eventTiles.draw(target, event.type, {place.x + off, place.y + off}, opacity))
         return;
-    }
     // A kind without a picture: a lozenge, as pins on a plan.
     const float reach = static_cast<float>(side) * 0.3F;
     Glyph lozenge;
@@ -462,8 +456,7 @@ void SheetPainter::paintHover()
         paintHoveredEdge(at, erases);
         return;
     }
-    if (const Image* const tile = erases ? nullptr : scene.floorTiles.tile(value)) {
-        target.drawImage(*tile, place.x, place.y);
+    if (!erases && scene.floorTiles.draw(target, value, {place.x, place.y})) {
         if (palette.tileDim)
             fill(place, palette.paper, palette.tileDim / 2);
     }

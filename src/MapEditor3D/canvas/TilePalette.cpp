@@ -82,17 +82,16 @@ void TilePalette::drawPicture(Graphics& target, const Rect& square, int value,
     target.fillRect(square, colours.paper, 255);
     const auto drawTile = [&](TileStrip& strip, ImageType type, int side) {
         strip.use(images.find(type), side);
-        const Image* const tile = strip.tile(value);
-        if (tile)
-            target.drawImage(*tile, square.x + (square.width - side) / 2,
-                             square.y + (square.height - side) / 2);
-        return tile != nullptr;
+        return strip.draw(
+            target, value,
+            {square.x + (square.width - side) / 2, square.y + (square.height - side) / 2});
     };
     const int side = std::min(square.width, square.height);
     switch (paletteKindOf(editor)) {
     case PaletteKind::Walls:
-        edges.use(look == WallLook::Strip ? images.find(ImageType::Wall2D) : nullptr, side,
-                  colours);
+        // A bar is longer than its edge by its thickness.
+        edges.use(look == WallLook::Strip ? images.find(ImageType::Wall2D) : nullptr,
+                  std::max(8, side - 2 * wallThickness(side)), colours);
         drawWall(target, square, value);
         break;
     case PaletteKind::Floor:

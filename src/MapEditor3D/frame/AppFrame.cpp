@@ -37,8 +37,8 @@ constexpr int kTools = 1, kLayers = 2;
 constexpr BarButton kToolBar[] = {
     {kSave, u"save", u"Save all edits"},
     {0, u"", u""},
-    {kPen, u"pen", u"Pen", kTools, u"Ctrl+1"},
-    {kRectangle, u"rectangle", u"Rectangle", kTools, u"Ctrl+2"},
+    {kPen, u"pen", u"Pen", kTools, u"P"},
+    {kRectangle, u"rectangle", u"Rectangle", kTools, u"R"},
     {0, u"", u""},
     {kWallLayer, u"walls", u"Walls", kLayers},
     {kFloorLayer, u"floor", u"Floor tiles", kLayers},
@@ -82,6 +82,8 @@ AppFrame::AppFrame(ProjectSession& session, std::filesystem::path stateFolder)
 {
     setWindowClass(u"MainFrame");
     state = loadViewState(this->stateFolder, project);
+    // Hears of a stroke before the frame, which shows what there is to save.
+    recovery = std::make_unique<RecoveryKeeper>(editor, this->stateFolder, project);
     editor.addListener(*this);
     sheet.getCanvas().setListener(this);
     tilePane.setListener(this);
@@ -115,7 +117,6 @@ void AppFrame::open()
     openFirstMap();
     setVisible(true);
     sheet.getCanvas().setFocus();
-    recovery = std::make_unique<RecoveryKeeper>(editor, stateFolder, project);
     Application::post([this] { offerRecovery(); });
 }
 
@@ -180,10 +181,9 @@ void AppFrame::buildStatusbar()
 void AppFrame::addShortcuts()
 {
     for (const BarButton& button : kToolBar)
-        if (!button.shortcut.empty())
+        if (button.shortcut.size() > 1) // letters are the canvas's own
             addShortcut(button.shortcut, [this, command = button.command] { dispatch(command); });
     addShortcut(u"Ctrl+=", [this] { dispatch(kZoomIn); });
-    addShortcut(u"Ctrl+Shift+P", [this] { findCommand(); });
 }
 
 void AppFrame::applyTheme()
@@ -298,6 +298,15 @@ bool AppFrame::dispatch(int command, int argument)
 
 bool AppFrame::onCommand(int command, std::intptr_t argument)
 {
+    if (command == kFindCommand) {
+        findCommand();
+        return true;
+    }
+    if (command == kTogglePanel) {
+        ToolWindow& panel = *panels().at(static_cast<std::size_t>(argument));
+        panel.setVisible(!panel.isVisible());
+        return true;
+    }
     dispatch(command, static_cast<int>(argument));
     return true;
 }
@@ -330,7 +339,9 @@ void AppFrame::Target::close()
 
 void AppFrame::rebuildMenus()
 {
-    setMenu(makeFrameMenu(session.isSystemCoordinateEnabled()));
+    Menu menu = makeFrameMenu(session.isSystemCoordinateEnabled());
+    addFrameLines(menu, panels());
+    setMenu(menu);
     retranslate(getHandle());
     setText(kProductName);
     CanvasOptions options = getCanvas().getOptions();

@@ -14,7 +14,7 @@ namespace varn {
 
 namespace {
 
-constexpr int kZoomIn = 6, kZoomOut = 7;
+constexpr int kPen = 3, kRectangle = 4, kZoomIn = 6, kZoomOut = 7;
 
 Point pointOf(const MouseEvent& event)
 {
@@ -204,7 +204,7 @@ void MapCanvas::hoverAt(Point point)
     std::optional<CanvasCell> next;
     if (getView().isOnSheet(point)) {
         next = getView().placeAt(point);
-        if (!editor.cellOfMap(next->cell))
+        if (!lookUnder(editor, *next))
             next.reset();
     }
     if (next == hover)
@@ -217,6 +217,14 @@ void MapCanvas::hoverAt(Point point)
     if (listener)
         listener->pointerMoved(hover);
     schedule();
+}
+
+std::optional<MapCell> MapCanvas::mapCellAt(Point point) const
+{
+    if (!getView().isOnSheet(point))
+        return std::nullopt;
+    const std::optional<PointerInfo> info = lookUnder(editor, getView().placeAt(point));
+    return info ? std::optional(info->cell) : std::nullopt;
 }
 
 void MapCanvas::press(MouseButton button, Point point)
@@ -269,8 +277,8 @@ bool MapCanvas::onLeftDoubleClick(const MouseEvent& event)
     const MapCell cell = getView().cellAt(point);
     if (const auto found = editor.findEvent(cell))
         listener->eventEditRequested(*found);
-    else if (editor.cellOfMap(cell))
-        listener->createRequested(*editor.cellOfMap(cell));
+    else if (const auto free = mapCellAt(point))
+        listener->createRequested(*free);
     return true;
 }
 
@@ -294,8 +302,8 @@ bool MapCanvas::onRightUp(const MouseEvent& event)
         release(MouseButton::Right, point);
         return true;
     }
-    const std::optional<MapCell> cell = editor.cellOfMap(getView().cellAt(point));
-    if (cell && listener && getView().isOnSheet(point))
+    const std::optional<MapCell> cell = mapCellAt(point);
+    if (cell && listener)
         listener->eventMenuRequested(*cell, point.x, point.y);
     return true;
 }
@@ -414,7 +422,7 @@ bool MapCanvas::onKeyDown(int key, std::uint32_t flags)
         if (key == 'C')
             listener->copyRequested();
         else if (key == 'V' && hover)
-            listener->pasteRequested(*editor.cellOfMap(hover->cell));
+            listener->pasteRequested(lookUnder(editor, *hover)->cell);
         else
             return false;
         return true;
@@ -447,6 +455,11 @@ bool MapCanvas::onKeyDown(int key, std::uint32_t flags)
         if (!listener || editor.getMode() != EditorMode::Event || !editor.getSelectedEvent())
             return false;
         listener->eventEditRequested(*editor.getSelectedEvent());
+        return true;
+    case 'P':
+    case 'R':
+        if (listener)
+            listener->commandRequested(key == 'P' ? kPen : kRectangle, 0);
         return true;
     case kKeyPlus:
     case kKeyAdd:

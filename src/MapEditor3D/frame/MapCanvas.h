@@ -87,6 +87,8 @@ class MapCanvas final : public Component, private MapEditorListener
     void applyView(CanvasView view);
     void showScroll();
     void hoverAt(Point point);
+    /// The cell of the map under a point; nothing: beside the map.
+    std::optional<MapCell> mapCellAt(Point point) const;
     void press(MouseButton button, Point point);
     void release(MouseButton button, Point point);
     bool followWarp(Point point);

@@ -32,6 +32,7 @@ class RecoveryKeeper final : private MapEditorListener
     class Writer;
 
     void mapLoaded() override;
+    void propertiesChanged() override {} // a commit follows
     void mapSaved() override;
     void committed() override;
     void drop();

@@ -76,6 +76,15 @@ std::string fromHex(WStringView text)
     return bytes;
 }
 
+/// Names are one line of text. What a broken file has instead would not come back from a document.
+WString nameOf(const Element& element, WStringView key)
+{
+    const WStringView name = element.getString(key);
+    const bool isLine =
+        std::none_of(name.begin(), name.end(), [](char16_t unit) { return unit < u' '; });
+    return isLine ? WString(name) : WString();
+}
+
 FloorView readFloor(const Element& element)
 {
     FloorView floor;
@@ -122,11 +131,11 @@ ViewState readViewState(ByteSpan bytes)
     if (parser.tryParse(decodeBytes(bytes).text) || parser.getRootElement()->getTagName() != kRoot)
         return state;
     const Element& root = *parser.getRootElement();
-    state.openMap = root.getString(kOpenMap);
+    state.openMap = nameOf(root, kOpenMap);
     state.window = fromHex(root.getString(kWindow));
     state.panes = fromHex(root.getString(kPanes));
     for (const Element* child = root.getFirstChild(); child; child = child->getNextSibling()) {
-        const WString name(child->getString(kName));
+        const WString name = nameOf(*child, kName);
         if (name.empty())
             continue;
         if (child->getTagName() == kFloor)

@@ -94,7 +94,7 @@ void AreaSettingPane::buildList()
             paintWith(selected()->number);
     });
 
-    BoxLayout row(buttons, BoxLayout::Axis::Row, BoxLayout::Margin::None);
+    BoxLayout row(buttons, BoxLayout::Axis::Row);
     row.add(nextButton).add(removeButton).addStretch();
     nextButton.setHint(u"Paint a new area");
     nextButton.onAction([this] { paintWith(nextFreeNumber()); });
@@ -104,15 +104,15 @@ void AreaSettingPane::buildList()
 
 void AreaSettingPane::buildFields()
 {
-    form = std::make_unique<FormLayout>(fields, BoxLayout::Margin::None);
+    form = std::make_unique<FormLayout>(fields);
     form->addRow(u"&Number:", number);
     form->addRow(u"N&ame:", name);
     form->addRow(u"&Text:", text);
     form->addRow(u"&Encounters:", enemyTable).setBuddy(enemyTable.getList());
     form->addRow(room);
     form->addRow(teleportBlock);
-    constexpr int kLeastTextHeight = 48;
-    text.setMinimumSize(0, kLeastTextHeight);
+    constexpr int kTextHeight = 64;
+    text.setFixedSize(0, kTextHeight);
     enemyTable.setTable(loadedTable<EnemyTableDatabase>());
 
     number.onAction([this] { changeNumber(); });

@@ -92,7 +92,7 @@ void EventTablePane::onCreate()
             request(&EventTableListener::eventEditRequested);
     });
 
-    BoxLayout row(buttons, BoxLayout::Axis::Row, BoxLayout::Margin::None);
+    BoxLayout row(buttons, BoxLayout::Axis::Row);
     row.add(createButton).add(editButton).add(deleteButton).addStretch();
     createButton.setLabel(u"Create...");
     createButton.onAction([this] {

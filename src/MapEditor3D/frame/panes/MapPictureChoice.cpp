@@ -7,9 +7,6 @@
 
 namespace varn {
 
-namespace {
-
-/// The pictures of a project folder, by name.
 std::vector<WString> picturesIn(WStringView folder)
 {
     static constexpr WStringView kExtensions[] = {u".png", u".bmp", u".gif", u".jpg", u".jpeg"};
@@ -26,8 +23,6 @@ std::vector<WString> picturesIn(WStringView folder)
     std::ranges::sort(paths);
     return paths;
 }
-
-} // namespace
 
 std::unique_ptr<ResourceChoice> makePictureChoice(const MapPictureField& field)
 {

@@ -67,7 +67,7 @@ void MapTreePane::build()
     for (const MapHierarchy::Entry& entry : hierarchy().list())
         shownIds.push_back(entry.id);
     TreeItem& project = top.add(translate(kMapTreeRoot), kRootEntry);
-    project.icon = u"project";
+    project.icon = u"book";
     addChildren(project, std::nullopt);
 }
 
@@ -198,12 +198,12 @@ std::vector<MenuLine> MapTreePane::menuLines() const
         line.shortcut = shortcut;
         line.enabled = enabled;
     };
-    add(u"Edit", isMap, kEdit, u"properties", {}, entry.has_value());
+    add(u"Edit", isMap, kEdit, u"system", {}, entry.has_value());
     menu.addSeparator();
     add(u"Create a new map", true, kCreateMap, u"new", {}, true);
     add(u"New Folder", false, kCreateFolder, u"folder", {}, true);
     menu.addSeparator();
-    add(u"Delete", false, kDelete, u"delete", u"Del", tree.getSelected() != nullptr);
+    add(u"Delete", false, kDelete, u"trash", u"Del", tree.getSelected() != nullptr);
     menu.addSeparator();
     add(u"Open file location", false, kOpenLocation, {}, {}, true);
     add(u"Export this map as HTML", true, kExportHtml, {}, {}, true);

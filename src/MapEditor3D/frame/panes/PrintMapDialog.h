@@ -1,25 +1,10 @@
 #pragma once
 
-#include "Component/CheckBox.h"
-#include "Component/ComboBox.h"
-#include "Component/Dialog.h"
-#include "Component/Table.h"
-#include "Component/TextArea.h"
-#include "Game/Map/View/MapPicture.h"
+#include "Game/Map/WizMap.h"
 
 namespace varn {
 
-/// How a map is printed; as it stands, as the tool prints maps without being asked.
-struct PrintOptions
-{
-    int cellSize = kPrintedCell; ///< pixels
-    bool numbers = true;
-    bool events = true;
-};
-
-/// Makes the surface of a printed map: a margin of one cell on every side. False: too large.
-bool printMap(Graphics& surface, const WizMap& map, const WizMapImage& images,
-              const PrintOptions& options);
+class BaseWindow;
 
 /// Asks how the map is to be printed, with a preview, then for the file, and writes a PNG. False:
 /// the person changed their mind, or it could not be written, which was told.

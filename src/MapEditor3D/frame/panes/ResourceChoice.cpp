@@ -12,7 +12,7 @@ namespace varn {
 
 namespace {
 
-constexpr int kPictureSide = 40;
+constexpr int kPictureSide = 40, kLeastWidth = 96;
 
 bool isPicture(ResourceCategory category)
 {
@@ -25,6 +25,7 @@ void ResourceChoice::onCreate()
 {
     BoxLayout row(*this, BoxLayout::Axis::Row, BoxLayout::Margin::None);
     row.add(list, 1);
+    list.setMinimumSize(kLeastWidth, 0);
     if (categories.empty() || isPicture(categories.front())) {
         row.add(picture);
         picture.setFixedSize(kPictureSide, kPictureSide);
@@ -70,8 +71,13 @@ void ResourceChoice::fill()
 
 void ResourceChoice::showNames()
 {
-    std::vector<WString> texts = names;
-    texts.front() = translate(u"(none)");
+    std::vector<WString> texts{translate(u"(none)")};
+    for (std::size_t place = 1; place < names.size(); ++place) {
+        const WStringView shown = fileNameOf(names[place]);
+        const auto isSame = [shown](WStringView name) { return fileNameOf(name) == shown; };
+        texts.emplace_back(std::ranges::count_if(names, isSame) > 1 ? WStringView(names[place])
+                                                                    : shown);
+    }
     list.setItems(texts);
 }
 

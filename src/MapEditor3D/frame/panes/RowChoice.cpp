@@ -50,7 +50,9 @@ void RowChoice::setTable(const GameTable& next)
 void RowChoice::onCreate()
 {
     BoxLayout row(*this, BoxLayout::Axis::Row, BoxLayout::Margin::None);
+    constexpr int kLeastWidth = 96;
     row.add(list, 1).add(openButton);
+    list.setMinimumSize(kLeastWidth, 0);
     openButton.setText(u"\u2026");
     openButton.setHint(u"Open this row in its table");
     openButton.setVisible(opener() != nullptr);

@@ -4,6 +4,7 @@
 #include "Component/ComboBox.h"
 #include "Component/Dialog.h"
 #include "Component/Table.h"
+#include "Component/TableToolbar.h"
 #include "Component/TextArea.h"
 #include "Game/Database/WizFloor.h"
 #include "MapEditor3D/frame/panes/ResourceChoice.h"
@@ -12,7 +13,7 @@ namespace varn {
 
 /// "Tile Settings": the table of event kinds. It works on a copy of the rows; OK puts them into the
 /// table and writes "EventFloor.xml".
-class WizEventTileDialog final : public Dialog
+class WizEventTileDialog final : public Dialog, private TableToolbar::Listener
 {
   public:
     /// @param kind  the row that is shown first
@@ -27,31 +28,29 @@ class WizEventTileDialog final : public Dialog
   private:
     class Model;
 
-    void buildList(GroupComponent& pane);
-    void buildFields(GroupComponent& pane);
+    void buildList();
+    void buildFields();
     void showRow();
     void takeRow();
     void select(int row);
-    void addRow();
-    void removeRow();
-    void moveRow(int by);
-    void updateButtons();
+    void plusPressed(TableToolbar& bar) override;
+    void minusPressed(TableToolbar& bar) override;
+    void directionPressed(TableToolbar& bar, bool upwards) override;
 
     std::vector<WizFloorData> rows;
     int current;
     std::unique_ptr<Model> model;
     Table table;
-    GroupComponent list, listButtons, fields;
-    Button addButton, removeButton, upButton, downButton;
+    TableToolbar toolbar;
+    GroupComponent list, fields;
     std::unique_ptr<FormLayout> form;
     TextField name;
     ComboBoxLight displayPosition, scriptType;
     ResourceChoice texture;
     TextField sprite;
-    GroupComponent flags;
     CheckBox visibility2D, visibility3D, dark, showingDetails, syncWithLayer1;
     TextArea header, footer;
-    bool following = false; // the fields are being filled
+    int positionShown = 0; // entry of the list of positions, as the row has it
 };
 
 } // namespace varn

@@ -147,7 +147,7 @@ OperandData getImage(Surface&, NativeCall& call)
     auto image = std::make_unique<ScriptImage>(call.receiver);
     const OperandData made =
         call.heap.makeObject(*GlobalClassTable::instance().find("Image"), image.get());
-    image.release(); // the heap's now
+    static_cast<void>(image.release()); // the heap's now
     return made;
 }
 
