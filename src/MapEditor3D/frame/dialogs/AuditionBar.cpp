@@ -31,7 +31,7 @@ WString timeText(std::uint32_t ms)
 
 AuditionBar::LevelMeter::LevelMeter()
 {
-    setAccessibleName(u"Level");
+    setAccessibleName(u"Loudness");
 }
 
 void AuditionBar::LevelMeter::onCreate()

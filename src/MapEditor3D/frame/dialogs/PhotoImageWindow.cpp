@@ -286,6 +286,7 @@ void PhotoImageWindow::paintRecognised(Graphics& graphics)
     const int columns = std::min<int>(getGridColumns(), recognised->cols);
     const int rows = std::min<int>(getGridRows(), recognised->rows);
     const int bar = std::max(2, static_cast<int>(2 * getScale()));
+    const int half = bar * 3 / 2; // of the box
     const auto mark = [&](int kind, Point from, Point to) {
         if (kind == WallKind::None)
             return;
@@ -293,8 +294,8 @@ void PhotoImageWindow::paintRecognised(Graphics& graphics)
         graphics.fillRect(from.x - bar / 2, from.y - bar / 2, to.x - from.x + bar,
                           to.y - from.y + bar);
         if (kind != WallKind::Wall)
-            graphics.fillRect((from.x + to.x) / 2 - 2 * bar, (from.y + to.y) / 2 - 2 * bar, 4 * bar,
-                              4 * bar);
+            graphics.fillRect((from.x + to.x) / 2 - half, (from.y + to.y) / 2 - half, 2 * half,
+                              2 * half);
     };
     for (int y = 0; y < rows; ++y)
         for (int x = 0; x < columns; ++x) {

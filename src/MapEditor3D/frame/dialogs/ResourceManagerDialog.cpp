@@ -116,7 +116,7 @@ void ResourceManagerDialog::build()
     rows.add(tabs, 1);
     buildTypes(tabs.addPage(u"Resource Type"));
     buildScale(tabs.addPage(u"Image Scale"));
-    selectCategory();
+    showCategory();
 }
 
 void ResourceManagerDialog::buildTypes(GroupComponent& page)
@@ -133,7 +133,7 @@ void ResourceManagerDialog::buildTypes(GroupComponent& page)
     for (const CategoryText& text : kCategories)
         names.push_back(translate(text.name));
     categories.setItems(names);
-    categories.onAction([this] { selectCategory(); });
+    categories.onAction([this] { showCategory(); });
 
     table.setColumns({{u"ID", 56}, {u"Type", 130}, {u"Filename", 0}});
     table.setModel(this);
@@ -211,7 +211,14 @@ WString ResourceManagerDialog::getValueAt(int row, int column) const
     }
 }
 
-void ResourceManagerDialog::selectCategory()
+void ResourceManagerDialog::selectCategory(ResourceCategory wanted)
+{
+    const auto* const text = std::ranges::find(kCategories, wanted, &CategoryText::category);
+    categories.setSelectedIndex(static_cast<int>(text - std::begin(kCategories)));
+    showCategory();
+}
+
+void ResourceManagerDialog::showCategory()
 {
     category =
         kCategories[static_cast<std::size_t>(std::max(0, categories.getSelectedIndex()))].category;

@@ -21,6 +21,8 @@ class ResourceManagerDialog final : public Dialog, private TableModel
   public:
     ResourceManagerDialog();
 
+    /// Shows a category, as the list does.
+    void selectCategory(ResourceCategory wanted);
     /// Adds files to a category; those outside of the project are copied into its folder first.
     /// @return how many were added
     int import(ResourceCategory category, const std::vector<std::filesystem::path>& files);
@@ -48,7 +50,7 @@ class ResourceManagerDialog final : public Dialog, private TableModel
     ResourceItem* selected() const;
     void buildTypes(GroupComponent& page);
     void buildScale(GroupComponent& page);
-    void selectCategory();
+    void showCategory();
     void showSelected();
     void showUsage(const ResourceItem& item);
     void showAdded(WStringView path);

@@ -1,6 +1,7 @@
 // Every dialog in every language: it fits the smallest screen we promise, and no text is cut off.
 #include "DialogFixture.h"
 
+#include "Game/Map/View/MapPicture.h"
 #include "MapEditor3D/canvas/CommandFinder.h"
 #include "MapEditor3D/frame/dialogs/AboutDialog.h"
 #include "MapEditor3D/frame/dialogs/CommandFinderDialog.h"
@@ -26,9 +27,12 @@ class LookTest : public DialogTest
     LookTest() { editor.load(u"Dungeon/Ossuary.map"); }
 
     /// With VARN_GALLERY in the environment, a folder, the dialog's picture is left there.
-    static void look(Dialog& dialog, const std::string& name)
+    template <class Prepare>
+    static void look(Dialog& dialog, const std::string& name, const Prepare& prepare)
     {
         show(dialog);
+        prepare();
+        Application::processMessages();
         const NativeHandle window = windowOf(dialog);
         Bitmap picture;
         robot::grab(window, picture);
@@ -39,6 +43,10 @@ class LookTest : public DialogTest
         if (const char* const gallery = std::getenv("VARN_GALLERY"))
             picture.saveAs(fromUtf8(std::string(gallery) + "/" + name + ".png"));
         dialog.end(Dialog::Cancelled);
+    }
+    static void look(Dialog& dialog, const std::string& name)
+    {
+        look(dialog, name, [] {});
     }
     void lookAtAll(const std::string& language);
 
@@ -58,6 +66,16 @@ void LookTest::lookAtAll(const std::string& language)
     look(generator, language + "-generator");
     PhotoToMapDialog photo(editor, settings);
     look(photo, language + "-photo");
+    PhotoToMapDialog read(editor, settings);
+    look(read, language + "-photo-read", [&] {
+        Graphics printed;
+        WizMapImage images(MapPictures::Plan);
+        images.update(editor.getMap());
+        drawMapPicture(printed, editor.getMap(), images);
+        printed.getImage().saveAs(u"printed.png");
+        read.getPicture().getOptions().offsetX = read.getPicture().getOptions().offsetY = 16;
+        EXPECT_TRUE(read.openImage("printed.png"));
+    });
     ExportProjectDialog exporting(session);
     look(exporting, language + "-export");
     CreateProjectDialog create;
@@ -72,6 +90,9 @@ void LookTest::lookAtAll(const std::string& language)
     look(command, language + "-command");
     ResourceManagerDialog resources;
     look(resources, language + "-resources");
+    ResourceManagerDialog pictures;
+    look(pictures, language + "-resources-pictures",
+         [&] { pictures.selectCategory(ResourceCategory::Background); });
 }
 
 } // namespace
