@@ -22,6 +22,8 @@ class BoxLayout
     };
 
     BoxLayout(BaseWindow& pane, Axis axis, Margin margin = Margin::Normal);
+    /// Goes on with the row or column that a pane has.
+    explicit BoxLayout(BaseWindow& pane) : pane(pane) {}
 
     /// @param stretch  the child's share of the room that is left; 0: what it needs
     BoxLayout& add(BaseWindow& child, int stretch = 0);

@@ -36,6 +36,8 @@ class Table : public Component
     virtual void ensureRowVisible(int row);
     bool isRowChecked(int row) const;
     void setRowChecked(int row, bool checked);
+    /// A box changed, by hand or not.
+    void onCheck(std::function<void()> action);
     /// Shows only rows that hold the text in some column.
     void setFilter(WStringView text);
     /// Said in the middle of a table without rows. @param english  follows the language

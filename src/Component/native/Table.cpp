@@ -29,6 +29,7 @@ class ModelBridge final : public QAbstractTableModel
   public:
     bool checkable = false;
     std::set<int> checkedRows;
+    std::function<void()> checked;
 
     void setSource(TableModel* next)
     {
@@ -93,6 +94,8 @@ class ModelBridge final : public QAbstractTableModel
         else
             checkedRows.erase(index.row());
         emit dataChanged(index, index);
+        if (checked)
+            checked();
         return true;
     }
     Qt::ItemFlags flags(const QModelIndex& index) const override
@@ -367,6 +370,11 @@ void Table::setRowChecked(int row, bool checked)
 {
     implementation->bridge.setData(implementation->bridge.index(row, 0),
                                    checked ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+}
+
+void Table::onCheck(std::function<void()> action)
+{
+    implementation->bridge.checked = std::move(action);
 }
 
 void Table::setFilter(WStringView text)

@@ -10,4 +10,9 @@ inline constexpr WStringView kAbilityLabels[] = {
 };
 inline constexpr std::size_t kAbilityCount = 6;
 
+/// Bits of the alignments that are permitted.
+inline constexpr WStringView kAlignmentLabels[] = {u"Good", u"Neutral", u"Evil"};
+/// Who may use an item or be of a class.
+inline constexpr WStringView kSexLabels[] = {u"Unspecified", u"Male", u"Female", u"OtherSex"};
+
 } // namespace varn

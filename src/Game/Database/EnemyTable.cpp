@@ -13,6 +13,7 @@ const FieldTable& EnemyTableModel::fieldTable()
         field<&Row::record, &Record::id>(u"id", u"ID"),
         field<&Row::enemyIDs>(u"enemyIDs", u"Enemies").to(u"Enemies"),
         field<&Row::enemyPriorities>(u"enemyPriorities", u"Weight")
+            .withLast()
             .noting(u"of the enemy at the same index"),
     };
     static constexpr FieldTable kTable = recordTable<&Row::record>(u"EnemyTableModel", kFields);

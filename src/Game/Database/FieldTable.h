@@ -93,6 +93,15 @@ struct ChildRows
     /// The entry that the child is read into; throws Exception for a child that is no entry.
     GameRow& (*append)(GameRow&, const Element& child);
     void (*clear)(GameRow&);
+    bool fixed = false; ///< which entries there are is not for a person to say
+};
+
+/// The texts that a codec keeps, in the order they are edited in.
+struct CodedTexts
+{
+    std::span<const WStringView> labels; ///< of each text
+    WString (*get)(const GameRow&, std::size_t index);
+    void (*set)(GameRow&, std::size_t index, WStringView text);
 };
 
 /// Reads and writes what a field table cannot say: children with a form of their own.
@@ -100,7 +109,17 @@ struct Codec
 {
     void (*read)(GameRow&, const Element&, Faults&);
     void (*write)(const GameRow&, Element&);
-    WStringView form; ///< one line on the element form, for the format page
+    WStringView form;                  ///< one line on the element form, for the format page
+    const CodedTexts* texts = nullptr; ///< null: nothing that a person edits
+};
+
+/// How a person edits a value, where kind and width do not tell.
+enum class Control : std::uint8_t
+{
+    Plain,
+    YesNo,   ///< 0 or not
+    Percent, ///< a number with its unit
+    Colour,  ///< a colour reference
 };
 
 /// One field of a row class: one description for the XML reader and writer, the `.dat` record, the
@@ -126,8 +145,10 @@ struct Field
     WStringView refersTo = {}; ///< tag of a table, "States"; empty: the number refers to nothing
     Refers refers = Refers::Row;
     WStringView (*refersToOf)(const GameRow&) = nullptr; ///< where the table depends on the row
-    /// Labels of the values 0, 1, ..., or of an array's entries.
+    /// Labels of the values 0, 1, ..., of an array's entries, or of the bits.
     std::span<const WStringView> choices = {};
+    Control control = Control::Plain;
+    bool besideLast = false; ///< a list that runs entry by entry with the field before it
     const ChildRows* children = nullptr;
     const Codec* codec = nullptr;
 
@@ -187,6 +208,25 @@ struct Field
     {
         Field field = *this;
         field.kind = Kind::CDataTexts;
+        return field;
+    }
+    /// Bit n is label n.
+    constexpr Field bitsAmong(std::span<const WStringView> labels) const
+    {
+        Field field = among(labels);
+        field.refers = Refers::Bits;
+        return field;
+    }
+    constexpr Field by(Control next) const
+    {
+        Field field = *this;
+        field.control = next;
+        return field;
+    }
+    constexpr Field withLast() const
+    {
+        Field field = *this;
+        field.besideLast = true;
         return field;
     }
     constexpr Field noting(WStringView words) const

@@ -15,6 +15,8 @@ const FieldTable& ItemTableData::fieldTable()
         kBaseName2,
         field<&Row::itemIDs>(u"itemIDs", u"Items").to(u"Items"),
         field<&Row::itemRates>(u"itemRates", u"Chance")
+            .by(Control::Percent)
+            .withLast()
             .noting(u"percent, of the item at the same index"),
     };
     static constexpr FieldTable kTable = recordTable<&Row::record>(u"ItemTableData", kFields);

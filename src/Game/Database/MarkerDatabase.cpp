@@ -12,6 +12,7 @@ const FieldTable& MarkerModel::fieldTable()
         kBaseName,
         kBaseName2,
         field<&MarkerModel::backgroundColor>(u"backgroundColor", u"Background Color")
+            .by(Control::Colour)
             .noting(u"0x00BBGGRR, written in decimal"),
     };
     static constexpr FieldTable kTable = rowTable<MarkerModel>(u"MarkerModel", u"data", kFields);

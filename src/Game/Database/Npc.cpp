@@ -68,6 +68,7 @@ constexpr ChildRows kConditions = {
         return conditionFor(row, child);
     },
     .clear = [](GameRow& row) { static_cast<Message&>(row).conditions = Message().conditions; },
+    .fixed = true,
 };
 
 } // namespace
@@ -89,7 +90,9 @@ const FieldTable& NPC::Message::Condition::fieldTable()
         field<&Row::id>(u"id", u"ID"),
         field<&Row::flagId>(u"flagId", u"Flag").to(u"FlagList").when(kIsFlag),
         field<&Row::flagValue>(u"flagValue", u"Value").when(kIsFlag),
-        field<&Row::flagEnabled>(u"flagEnabled", u"Flag Condition").when(kIsFlag),
+        field<&Row::flagEnabled>(u"flagEnabled", u"Flag Condition")
+            .by(Control::YesNo)
+            .when(kIsFlag),
         field<&Row::gold>(u"gold", u"Gold").when(kIsGold),
         field<&Row::giveItemId>(u"giveItemId", u"Give: ").orElse(-1).to(u"Items").when(kIsGift),
         field<&Row::takeItemId>(u"takeItemId", u" Take: ").orElse(-1).to(u"Items").when(kIsGift),
@@ -108,7 +111,7 @@ const FieldTable& NPC::Message::fieldTable()
         field<&Row::name>(u"name", u"Label"),
         field<&Row::name2>(u"name2", u"Name (Second Language)"),
         field<&Row::type>(u"type", u"When").among(kTypes),
-        field<&Row::memorizable>(u"memorizable", u"Memorizable"),
+        field<&Row::memorizable>(u"memorizable", u"Memorizable").by(Control::YesNo),
         field<&Row::bgm>(u"bgm", u"Battle BGM").when(kIsFightWithMusic),
         field<&Row::enemyId>(u"enemyId", u"Fought Enemy")
             .orElse(-1)

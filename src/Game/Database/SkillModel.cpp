@@ -10,6 +10,17 @@ namespace {
 constexpr WStringView kRanges[] = {
     u"One Enemy", u"Enemy Group", u"Enemy Party", u"One Character", u"Group", u"Party", u"Self",
 };
+constexpr WStringView kSpecialTypes[] = {
+    u"Normal",
+    u"(System)",
+    u"(System)",
+    u"(System)",
+    u"Skills: View Map",
+    u"Skills: Teleportation",
+    u"Skills: Light Source", // SkillModel::kLightSource
+    u"Skills: Levitation",
+    u"---",
+};
 constexpr WStringView kPlaces[] = {u"Battle", u"Field", u"Battle and Field"};
 
 constexpr WrittenRule kIsLightSource = {
@@ -32,11 +43,13 @@ const FieldTable& SkillModel::fieldTable()
         kBaseName2,
         field<&Row::record, &Record::description>(u"description", u"Description"),
         field<&Row::record, &Record::type>(u"type", u"Type").to(u"SpellTypes"),
-        field<&Row::record, &Record::specialType>(u"specialType", u"Special Type"),
+        field<&Row::record, &Record::specialType>(u"specialType", u"Special Type")
+            .among(kSpecialTypes),
         field<&Row::record, &Record::mpCost>(u"mpCost", u"MP Cost"),
         field<&Row::record, &Record::range>(u"range", u"Range").among(kRanges),
         field<&Row::record, &Record::usablePlace>(u"usablePlace", u"Usable Place").among(kPlaces),
-        field<&Row::record, &Record::successRate>(u"successRate", u"Success Rate"),
+        field<&Row::record, &Record::successRate>(u"successRate", u"Success Rate")
+            .by(Control::Percent),
         field<&Row::record, &Record::stateFlags>(u"stateFlags", u"Inflicted States")
             .to(u"States", Refers::Bits),
         field<&Row::record, &Record::abilityIndex>(u"abilityIndex", u"Ability")
@@ -48,9 +61,11 @@ const FieldTable& SkillModel::fieldTable()
         field<&Row::record, &Record::flagId>(u"flagId", u"Flag").to(u"FlagList"),
         field<&Row::record, &Record::halfDoorDetectionProbability>(u"halfDoorDetectionProbability",
                                                                    u"1/2 Door Detection")
+            .by(Control::Percent)
             .when(kIsLightSource),
         field<&Row::record, &Record::secretDoorDetectionProbability>(
             u"secretDoorDetectionProbability", u"Secret Door Detection")
+            .by(Control::Percent)
             .when(kIsLightSource),
         field<&Row::record, &Record::lightSourceDecreaseInDarkness>(
             u"lightSourceDecreaseInDarkness", u"Light Lost in Darkness")

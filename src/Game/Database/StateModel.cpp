@@ -45,11 +45,28 @@ constexpr WrittenRule kHasIcon = {
     [](const GameRow& row) { return static_cast<const StateModel&>(row).getIcon() >= 0; },
 };
 
+constexpr WStringView kMessageLabels[] = {
+    u"Message 1", u"Message 1 (Second Language)", u"Message 2", u"Message 2 (Second Language)",
+    u"Message 3", u"Message 3 (Second Language)", u"Message 4", u"Message 4 (Second Language)",
+};
+static_assert(std::size(kMessageLabels) == StateModel::kMessageCount * 2);
+
+constexpr CodedTexts kMessageTexts = {
+    kMessageLabels,
+    [](const GameRow& row, std::size_t index) {
+        return static_cast<const StateModel&>(row).getMessage(index / 2, index % 2);
+    },
+    [](GameRow& row, std::size_t index, WStringView text) {
+        static_cast<StateModel&>(row).setMessage(index / 2, index % 2, text);
+    },
+};
+
 constexpr Codec kMessages = {
     readMessages, writeMessages,
     u"four children `message`, each with two children `language` that hold the first and the "
     u"second "
-    u"language's text; read as stored text (entities, `\\n`), line breaks kept"};
+    u"language's text; read as stored text (entities, `\\n`), line breaks kept",
+    &kMessageTexts};
 
 } // namespace
 
@@ -64,20 +81,26 @@ const FieldTable& StateModel::fieldTable()
         field<&Row::record, &Record::actionRestriction>(u"actionRestriction",
                                                         u"Action Restriction"),
         field<&Row::record, &Record::recoverRateOnAttack>(u"recoverRateOnAttack",
-                                                          u"Recovery When Attacked"),
+                                                          u"Recovery When Attacked")
+            .by(Control::Percent),
         field<&Row::record, &Record::recoverRateOnAction>(u"recoverRateOnAction",
-                                                          u"Recovery on Action"),
-        field<&Row::record, &Record::recoverRateOnStep>(u"recoverRateOnStep", u"Recovery on Step"),
-        field<&Row::record, &Record::failureRateOnAttack>(u"failureRateOnAttack",
-                                                          u"Attack Failure"),
-        field<&Row::record, &Record::failureRateOnMagic>(u"failureRateOnMagic", u"Magic Failure"),
-        field<&Row::record, &Record::failureRateOnSkill>(u"failureRateOnSkill", u"Skill Failure"),
+                                                          u"Recovery on Action")
+            .by(Control::Percent),
+        field<&Row::record, &Record::recoverRateOnStep>(u"recoverRateOnStep", u"Recovery on Step")
+            .by(Control::Percent),
+        field<&Row::record, &Record::failureRateOnAttack>(u"failureRateOnAttack", u"Attack Failure")
+            .by(Control::Percent),
+        field<&Row::record, &Record::failureRateOnMagic>(u"failureRateOnMagic", u"Magic Failure")
+            .by(Control::Percent),
+        field<&Row::record, &Record::failureRateOnSkill>(u"failureRateOnSkill", u"Skill Failure")
+            .by(Control::Percent),
         field<&Row::record, &Record::hpChangeValueOnAction>(u"hpChangeValueOnAction",
                                                             u"HP Change on Action"),
         field<&Row::record, &Record::hpChangeRateOnAction>(u"hpChangeRateOnAction",
-                                                           u"HP Change on Action (Percent)"),
+                                                           u"HP Change on Action (Percent)")
+            .by(Control::Percent),
         field<&Row::record, &Record::priority>(u"priority", u"Priority"),
-        field<&Row::record, &Record::deathState>(u"deathState", u"Death State"),
+        field<&Row::record, &Record::deathState>(u"deathState", u"Death State").by(Control::YesNo),
         field<&Row::record, &Record::nextStateID>(u"nextStateID", u"Next State").to(u"States"),
         field<&Row::record, &Record::baseFee>(u"baseFee", u"Base Fee"),
         field<&Row::icon>(u"icon", u"Icon").orElse(-1).when(kHasIcon),

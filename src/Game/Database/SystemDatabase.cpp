@@ -13,7 +13,8 @@ const FieldTable& SystemDatabaseData::fieldTable()
         field<&Row::version>(u"version", u"Version"),
         field<&Row::itemLimit>(u"itemLimit", u"Maximum number of items PC can have"),
         field<&Row::autoSaveFlags>(u"autoSaveFlags", u"Auto Save"),
-        field<&Row::supportSecondLanguage>(u"supportSecondLanguage", u"Support Second Language"),
+        field<&Row::supportSecondLanguage>(u"supportSecondLanguage", u"Support Second Language")
+            .by(Control::YesNo),
         field<&Row::defaultVisibleDistance>(u"defaultVisibleDistance", u"Default visible distance"),
     };
     static constexpr FieldTable kTable = rowTable<Row>(u"SystemDatabaseData", u"data", kFields);

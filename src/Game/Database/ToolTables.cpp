@@ -12,7 +12,7 @@ const FieldTable& TileSettingData::fieldTable()
         kBaseName,
         kBaseName2,
         field<&TileSettingData::texture>(u"texture", u"Texture"),
-        field<&TileSettingData::autoTile>(u"autoTile", u"Auto Tile"),
+        field<&TileSettingData::autoTile>(u"autoTile", u"Auto Tile").by(Control::YesNo),
     };
     static constexpr FieldTable kTable =
         rowTable<TileSettingData>(u"TileSettingData", u"data", kFields);

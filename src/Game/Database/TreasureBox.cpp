@@ -13,7 +13,8 @@ const FieldTable& TreasureBoxTrapData::fieldTable()
         field<&Row::skillID>(u"skillID", u"Skill").to(u"Skills"),
         field<&Row::scriptID>(u"scriptID", u"Script").to(u"Scripts"),
         field<&Row::target>(u"target", u"Target"),
-        field<&Row::contentsObtainable>(u"contentsObtainable", u"Contents Obtainable"),
+        field<&Row::contentsObtainable>(u"contentsObtainable", u"Contents Obtainable")
+            .by(Control::YesNo),
     };
     static constexpr FieldTable kTable =
         rowTable<Row>(u"TreasureBoxTrapData", u"Trap", kFields).swappingNames();

@@ -1,5 +1,6 @@
 #include "Game/Database/WizCharClass.h"
 
+#include "Game/Database/AbilityLabels.h"
 #include "Game/Database/FieldBuilders.h"
 
 namespace varn {
@@ -25,16 +26,18 @@ const FieldTable& WizCharClassData::fieldTable()
                                                          u"Attack Count Formula")
             .to(u"Formulas"),
         field<&Row::record, &Record::acFormula>(u"acFormula", u"A.C. Formula").to(u"Formulas"),
-        field<&Row::record, &Record::alignmentFlags>(u"alignmentFlags", u"Alignments"),
+        field<&Row::record, &Record::alignmentFlags>(u"alignmentFlags", u"Alignments")
+            .bitsAmong(kAlignmentLabels),
         field<&Row::record, &Record::baseAbility>(u"baseAbility", u"Base Ability")
             .among(kAbilityLabels),
-        field<&Row::record, &Record::sex>(u"sex", u"Sex"),
+        field<&Row::record, &Record::sex>(u"sex", u"Sex").among(kSexLabels),
         field<&Row::record, &Record::levelUpEXPs>(u"levelUpEXPs", u"Experience")
             .olderWins(u"levelUpEXP", kOlderForm),
         field<&Row::record, &Record::skillIDs>(u"skillIDs", u"Learned Skills")
             .olderWins(u"skillID", kOlderForm)
             .to(u"Skills"),
         field<&Row::record, &Record::skillLevels>(u"skillLevels", u"Learned at Level")
+            .withLast()
             .olderWins(u"skillLevel", kOlderForm),
     };
     static constexpr FieldTable kTable = recordTable<&Row::record>(u"WizCharClassData", kFields);

@@ -23,9 +23,10 @@ const FieldTable& WizEnemyData::fieldTable()
         field<&Row::record, &Record::followingEnemyID>(u"followingEnemyID", u"Following Enemy")
             .to(u"Enemies"),
         field<&Row::record, &Record::followingEnemyEmergeRate>(u"followingEnemyEmergeRate",
-                                                               u"Following Rate"),
-        field<&Row::record, &Record::magicInvalidityRate>(u"magicInvalidityRate",
-                                                          u"Magic Immunity"),
+                                                               u"Following Rate")
+            .by(Control::Percent),
+        field<&Row::record, &Record::magicInvalidityRate>(u"magicInvalidityRate", u"Magic Immunity")
+            .by(Control::Percent),
         field<&Row::record, &Record::breath>(u"breath", u"Breath"),
         field<&Row::record, &Record::attackCount>(u"attackCount", u"Attacks per Round"),
         field<&Row::record, &Record::attackDice>(u"attackDice", u"Attack Dice"),
@@ -39,10 +40,12 @@ const FieldTable& WizEnemyData::fieldTable()
         field<&Row::record, &Record::skillFlags>(u"skillFlags", u"Skill Flags"),
         field<&Row::record, &Record::race>(u"race", u"Race").to(u"Races"),
         field<&Row::record, &Record::dropItemRate>(u"dropItemRate", u"Drop Rate")
+            .by(Control::Percent)
             .readOnlyAs(u"dorpItemRate"),
         field<&Row::record, &Record::drainLevel>(u"drainLevel", u"Level Drain"),
-        field<&Row::record, &Record::friendlyRate>(u"friendlyRate", u"Friendly Rate"),
-        field<&Row::registerable>(u"registerable", u"Registerable"),
+        field<&Row::record, &Record::friendlyRate>(u"friendlyRate", u"Friendly Rate")
+            .by(Control::Percent),
+        field<&Row::registerable>(u"registerable", u"Registerable").by(Control::YesNo),
         field<&Row::description>(u"description", u"Description"),
         field<&Row::description2>(u"description2", u"Description (Second Language)"),
         childRows<&Row::traits, Entries::InContainer>(u"traits", u"Traits"),

@@ -1,5 +1,6 @@
 #include "Game/Database/WizItem.h"
 
+#include "Game/Database/AbilityLabels.h"
 #include "Game/Database/FieldBuilders.h"
 
 namespace varn {
@@ -33,7 +34,7 @@ const FieldTable& WizItemModel::fieldTable()
         kBaseMarker,
         field<&Row::record, &Record::name>(u"name", u"Name"),
         kBaseName2,
-        field<&Row::registerable>(u"registerable", u"Registerable"),
+        field<&Row::registerable>(u"registerable", u"Registerable").by(Control::YesNo),
         field<&Row::uncertainName2>(u"uncertainName2", u"Unidentified Name (Second Language)"),
         field<&Row::description2>(u"description2", u"Description (Second Language)"),
         field<&Row::record, &Record::uncertainName>(u"uncertainName", u"Unidentified Name"),
@@ -43,7 +44,8 @@ const FieldTable& WizItemModel::fieldTable()
         field<&Row::record, &Record::price>(u"price", u"Price"),
         field<&Row::record, &Record::stock>(u"stock", u"Stock"),
         field<&Row::specialPower>(u"specialPower", u"Special Power"),
-        field<&Row::record, &Record::brokenRateOnUse>(u"brokenRateOnUse", u"Break Rate"),
+        field<&Row::record, &Record::brokenRateOnUse>(u"brokenRateOnUse", u"Break Rate")
+            .by(Control::Percent),
         field<&Row::record, &Record::skillOnUse>(u"skillOnUse", u"Skill on Use")
             .olderYields(u"skillIDOnUse")
             .to(u"Skills"),
@@ -53,17 +55,22 @@ const FieldTable& WizItemModel::fieldTable()
         field<&Row::record, &Record::st>(u"st", u"Hit Bonus"),
         field<&Row::equipmentFlags>(u"equipmentFlags", u"Equipment Flags")
             .to(u"Classes", Refers::Bits),
-        field<&Row::record, &Record::sex>(u"sex", u"Sex"),
-        field<&Row::record, &Record::alignmentFlags>(u"alignmentFlags", u"Alignments"),
+        field<&Row::record, &Record::sex>(u"sex", u"Sex").among(kSexLabels),
+        field<&Row::record, &Record::alignmentFlags>(u"alignmentFlags", u"Alignments")
+            .bitsAmong(kAlignmentLabels),
         field<&Row::skillFlags>(u"skillFlags", u"Skill Flags"),
-        field<&Row::record, &Record::curse>(u"curse", u"Cursed").as(NumberForm::ZeroOrOne),
+        field<&Row::record, &Record::curse>(u"curse", u"Cursed")
+            .by(Control::YesNo)
+            .as(NumberForm::ZeroOrOne),
         field<&Row::record, &Record::healingPoint>(u"healingPoint", u"Healing"),
         field<&Row::record, &Record::at>(u"at", u"Attack Count"),
         field<&Row::record, &Record::range>(u"range", u"Reach").among(kRanges),
         field<&Row::record, &Record::usableForEquippableClasses>(u"usableForEquippableClasses",
                                                                  u"Usable by Equippable Classes")
+            .by(Control::YesNo)
             .as(NumberForm::ZeroOrOne),
         field<&Row::record, &Record::acFormulaType>(u"acFormulaType", u"Add to A.C. Formula")
+            .by(Control::YesNo)
             .as(NumberForm::OneOnly),
         field<&Row::record, &Record::breathResistance>(u"breathResistance", u"Breath Resistance"),
         childRows<&Row::traits, Entries::InContainer>(u"traits", u"Traits"),

@@ -113,7 +113,7 @@ void AppFrame::reloadPictures()
 
 void AppFrame::findCommand()
 {
-    CommandFinder finder(buildMenu(session.isSystemCoordinateEnabled()));
+    CommandFinder finder(buildMenu(session.isSystemCoordinateEnabled()), buildOtherMenus());
     addToolCommands(finder);
     CommandFinderDialog dialog(finder);
     dialog.doModal(this);

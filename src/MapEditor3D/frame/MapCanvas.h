@@ -79,6 +79,7 @@ class MapCanvas final : public Component, private MapEditorListener
     void eventSelected(std::optional<std::size_t>) override { schedule(); }
     void toolChanged() override { schedule(); }
     void bandChanged() override { schedule(); }
+    void gestureChanged() override { schedule(); }
     void walkerMoved() override;
     void viewChanged() override;
 

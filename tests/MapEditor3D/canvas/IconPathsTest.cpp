@@ -1,4 +1,4 @@
-#include "MapEditor3D/canvas/IconPaths.h"
+#include "Component/IconPaths.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
