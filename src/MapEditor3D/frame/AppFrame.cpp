@@ -148,11 +148,11 @@ void AppFrame::buildPanes()
     put(viewWindow, dungeonPane);
     put(tileWindow, tilePane);
     put(eventWindow, eventPane);
-    put(areaWindow, areaPane);
+    areaScroll.create(&areaWindow.getContent());
+    BoxLayout(areaScroll.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None)
+        .add(areaPane);
+    put(areaWindow, areaScroll);
     put(sceneWindow, scenePane);
-    constexpr int kTreeWidth = 176, kRightWidth = 320;
-    setDockSizes({{&treeWindow, kTreeWidth}, {&viewWindow, kRightWidth}});
-    tileWindow.raise();
 }
 
 std::vector<ToolWindow*> AppFrame::panels()
@@ -200,9 +200,14 @@ void AppFrame::restoreWindow()
                       settings.getSettingInt(u"Window", u"MainHeight", 0));
     const Rect place = fitToScreen(wanted);
     setBounds(place.x, place.y, place.width, place.height);
-    restoreLayout(state.panes);
+    setVisible(true); // sizes of panes count in a window that is there
     if (settings.getSettingString(u"Window", u"Zoomed", u"1") == u"1")
         showMaximised();
+    if (!restoreLayout(state.panes)) {
+        constexpr int kTreeWidth = 208, kRightWidth = 320;
+        setDockSizes({{&treeWindow, kTreeWidth}, {&viewWindow, kRightWidth}});
+        tileWindow.raise();
+    }
 }
 
 /// What the next start takes up again.

@@ -150,6 +150,7 @@ class AppFrame final : public App,
     Dungeon3DPane dungeonPane;
     MapTilePane tilePane;
     EventTablePane eventPane;
+    ScrollPane areaScroll;
     AreaSettingPane areaPane;
     SceneSettingPane scenePane;
     Statusbar statusbar;
