@@ -214,7 +214,10 @@ void EventDialog::check()
 
 bool EventDialog::accept()
 {
-    const WStringView fault = map.events.nameFault(name.getText(), self);
+    // An older event keeps a name that no new one could have.
+    const bool unchanged = self && name.getText() == self->names[0];
+    const WStringView fault =
+        unchanged ? WStringView() : map.events.nameFault(name.getText(), self);
     form->setProblem(name, translate(fault));
     if (!fault.empty()) {
         name.setFocus();

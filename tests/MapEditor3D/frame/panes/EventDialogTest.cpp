@@ -69,16 +69,17 @@ TEST_F(EventDialogTest, RefusesNamesWithTheToldWords)
                  {u"Nan", u"There is an event with the same name"},
                  {u"a<b", u"Contains invalid characters"}};
     for (const auto& row : names) {
-        fillIn(windowOf(dialog), u"Name:", row.typed);
+        fillIn(windowOf(dialog), u"Name", row.typed);
         press(dialog, u"OK");
-        EXPECT_TRUE(dialog.isOpen());
+        EXPECT_FALSE(dialog.takeEvent());
         EXPECT_TRUE(robot::findByText(windowOf(dialog), u"\u26A0 " + WString(row.told)))
             << toUtf8(row.told);
     }
-    fillIn(windowOf(dialog), u"Name:", u"Hob the elder");
+    fillIn(windowOf(dialog), u"Name", u"Hob the elder");
     press(dialog, u"OK");
-    EXPECT_FALSE(dialog.isOpen());
-    EXPECT_EQ(dialog.takeEvent()->names[0], u"Hob the elder");
+    const auto made = dialog.takeEvent();
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->names[0], u"Hob the elder");
 }
 
 TEST_F(EventDialogTest, ANewEventStartsFromItsKind)
@@ -91,7 +92,7 @@ TEST_F(EventDialogTest, ANewEventStartsFromItsKind)
     EXPECT_EQ(stairs.names[0], u"Stairs down");
     EXPECT_EQ(stairs.type, kStairsDown);
     EXPECT_EQ(stairs.x, 7);
-    EXPECT_EQ(stairs.script, u"#include \"Lib/Story.txt\"\ndescend();");
+    EXPECT_EQ(stairs.script, u"#include \"Lib/Story.txt\"\r\ndescend();");
     EXPECT_EQ(editor.getSelectedEvent(), events().size() - 1);
 
     inDialog([](NativeHandle dialog) { pressIn(dialog, u"Cancel"); });
@@ -116,10 +117,10 @@ TEST_F(EventDialogTest, AnotherKindBringsItsScriptClassAndFields)
     }();
     EventDialog dialog(editor.getMap(), start, nullptr);
     dialog.show(nullptr);
-    const NativeHandle kind = control(dialog, u"Kind:");
+    const NativeHandle kind = control(dialog, u"Kind");
     for (int step = kStairsDown; step > kTreasure; --step)
         robot::key(kind, kKeyUp);
-    const NativeHandle box = control(dialog, u"Treasure box:");
+    const NativeHandle box = control(dialog, u"Treasure box");
     robot::key(box, kKeyDown);
     press(dialog, u"OK");
     const auto made = dialog.takeEvent();
@@ -143,8 +144,8 @@ TEST_F(EventDialogTest, TheWarpDialogWritesTheScript)
     EventDialog dialog(editor.getMap(), start, nullptr);
     dialog.show(nullptr);
     inDialog([](NativeHandle warp) {
-        fillIn(warp, u"X:", u"4");
-        fillIn(warp, u"Y:", u"17");
+        fillIn(warp, u"X", u"4");
+        fillIn(warp, u"Y", u"17");
         pressIn(warp, u"OK");
     });
     press(dialog, u"Warp Location...");

@@ -105,7 +105,7 @@ TEST_F(EventTablePaneTest, TheFilterLastsAsLongAsTheMap)
 TEST_F(AreaSettingPaneTest, EditsInPlace)
 {
     pane.selectArea(4);
-    const NativeHandle name = field(u"Name:");
+    const NativeHandle name = field(u"Name");
     robot::type(name, u" and aisles");
     EXPECT_EQ(area(4).name, "Nave and aisles");
     EXPECT_EQ(pane.getTable().getModel()->getValueAt(3, 1), u"Nave and aisles");
@@ -118,7 +118,7 @@ TEST_F(AreaSettingPaneTest, EditsInPlace)
 TEST_F(AreaSettingPaneTest, AnAreaTakesAnotherNumberThatIsFree)
 {
     pane.selectArea(14);
-    const NativeHandle number = field(u"Number:");
+    const NativeHandle number = field(u"Number");
     robot::key(number, kKeyDown); // 13 is taken
     EXPECT_EQ(area(14).name, "Bell stair");
     EXPECT_EQ(area(13).name, "Cellar");
@@ -137,7 +137,7 @@ TEST_F(AreaSettingPaneTest, FollowsThePainting)
     editor.getMap().areas.paint(15, 2, 2);
     editor.areasEdited();
     EXPECT_EQ(pane.getTable().getSelectedRow(), 14);
-    robot::type(field(u"Name:"), u"Vault");
+    robot::type(field(u"Name"), u"Vault");
     EXPECT_EQ(area(15).name, "Vault");
 
     robot::click(field(u"Delete"), 6, 6);
@@ -149,7 +149,7 @@ TEST_F(SceneSettingPaneTest, ChangesReachTheMapAtOnceAndComeBack)
 {
     SceneSettingPane pane(editor);
     show(pane);
-    const NativeHandle distance = robot::findField(window.getHandle(), u"Visible distance:");
+    const NativeHandle distance = robot::findField(window.getHandle(), u"Visible distance");
     ASSERT_TRUE(distance);
     robot::key(distance, kKeyUp);
     EXPECT_EQ(editor.getMap().getStoredVisibleDistance(), 4);

@@ -1,5 +1,6 @@
 #include "PaneFixture.h"
 
+#include "Component/Translation.h"
 #include "MapEditor3D/frame/panes/MapPropertyDialog.h"
 
 namespace varn::test {
@@ -57,8 +58,8 @@ TEST_F(MapPropertyDialogTest, GivesTheKeysAndTakesThemOver)
 {
     MapPropertyDialog dialog(editor.getMap(), u"Cloister");
     dialog.show(nullptr);
-    typeInto(windowOf(dialog), u"Columns:", u"31");
-    typeInto(windowOf(dialog), u"Display name:", u"The Walks");
+    typeInto(windowOf(dialog), u"Columns", u"31");
+    typeInto(windowOf(dialog), u"Display name", u"The Walks");
     press(dialog, u"OK");
     const Element& values = dialog.getValues();
     EXPECT_EQ(keysOf(values),
@@ -86,12 +87,13 @@ TEST_F(MapPropertyDialogTest, GivesTheKeysAndTakesThemOver)
 TEST_F(MapPropertyDialogTest, MakesANewMapAndRefusesATakenName)
 {
     inDialog([](NativeHandle dialog) {
-        typeInto(dialog, u"Name:", u"Orchard");
+        typeInto(dialog, u"Name", u"Orchard");
         pressIn(dialog, u"OK");
         EXPECT_TRUE(robot::findByText(
-            dialog, u"\u26A0 There is a file with the same name. please change the name"));
-        typeInto(dialog, u"Name:", u"Undercroft");
-        typeInto(dialog, u"Rows:", u"9");
+            dialog, u"\u26A0 " + translate(u"There is a file with the same name. please change "
+                                           u"the name")));
+        typeInto(dialog, u"Name", u"Undercroft");
+        typeInto(dialog, u"Rows", u"9");
         pressIn(dialog, u"OK");
     });
     EXPECT_EQ(createMapByDialog(session, nullptr, 0), u"Undercroft");
@@ -104,7 +106,7 @@ TEST_F(MapPropertyDialogTest, MakesANewMapAndRefusesATakenName)
 TEST_F(MapPropertyDialogTest, AnotherNameRenamesFilesTreeAndOpenMap)
 {
     inDialog([](NativeHandle dialog) {
-        typeInto(dialog, u"Name:", u"Garth");
+        typeInto(dialog, u"Name", u"Garth");
         pressIn(dialog, u"OK");
     });
     EXPECT_TRUE(editOpenMapByDialog(session, editor, nullptr));
@@ -114,7 +116,7 @@ TEST_F(MapPropertyDialogTest, AnotherNameRenamesFilesTreeAndOpenMap)
     EXPECT_TRUE(session.getHierarchy().findMap(u"Garth"));
 
     inDialog([](NativeHandle dialog) {
-        typeInto(dialog, u"Level:", u"7");
+        typeInto(dialog, u"Level", u"7");
         pressIn(dialog, u"OK");
     });
     EXPECT_TRUE(editMapFileByDialog(session, u"Orchard", nullptr));

@@ -43,7 +43,7 @@ TEST_F(PaletteTest, OffersTheValuesOfTheLayerInForce)
         const char16_t* third;
     } layers[] = {
         {EditorLayer::Wall, 14, u"Door"},
-        {EditorLayer::Floor, 16, u"2"},
+        {EditorLayer::Floor, 16, u"Floor tile 2"},
         {EditorLayer::Event, 16, u"Warp"},
         {EditorLayer::Area, 16, u"Cloister walks"}, // none, 14 areas, a new one
     };
