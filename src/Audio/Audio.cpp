@@ -264,10 +264,10 @@ WString Audio::getFolder() const
     return folder;
 }
 
-void Audio::setFolder(WString next)
+void Audio::setFolder(WString folder)
 {
     const std::lock_guard lock(channelLock);
-    folder = std::move(next);
+    this->folder = std::move(folder);
     pathCache.clear();
 }
 

@@ -13,7 +13,7 @@ class MP3 final : public BaseAudioPlayer
     ~MP3() override { endThread(); }
 
     /// Reads the file and looks at its first frame; false where there is none.
-    bool open(WStringView path) override;
+    bool open(WStringView wanted) override;
 
   protected:
     bool isReady() const override { return !path.empty(); }

@@ -36,9 +36,9 @@ class WaveOutput
     /// Before the player's thread starts: from here to `close` the wave may be opened.
     void allow();
     /// Opens a voice, which may take its time; nothing, when the wave was closed meanwhile.
-    void open(const WaveFormat& format);
+    void open(const WaveFormat& wanted);
     /// Queues a buffer of whole frames; one of none is done with the one before it.
-    void write(std::span<const std::byte> samples);
+    void write(std::span<const std::byte> bytes);
     /// What was written is all: queues what a filter still holds of it.
     void finish();
 
