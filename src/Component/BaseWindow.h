@@ -86,6 +86,7 @@ class BaseWindow : public WinApiWindow
     static void retranslate(NativeHandle top);
 
     void setMinimumSize(int width, int height);
+    void setMaximumHeight(int height);
     void setFixedSize(int width, int height);
     /// Whether Tab stops here.
     void setTabStop(bool stops);
