@@ -53,12 +53,17 @@ void BaseDataTable::directionPressed(TableToolbar&, bool upwards)
 
 void BaseDataTable::rowsChanged(int select)
 {
+    showRows(select);
+    fireAction();
+}
+
+void BaseDataTable::showRows(int select)
+{
     if (const TableModel* const model = table.getModel())
         model->fireTableChanged({TableModelEvent::Changed, -1, -1});
     table.selectRow(std::min(select, table.getRowCount() - 1));
     fitButtons();
     rowSelected(table.getSelectedRow());
-    fireAction();
 }
 
 void BaseDataTable::fitButtons()

@@ -33,7 +33,9 @@ class BaseDataTable : public GroupComponent, public ActionListener, public Table
     /// Another row was selected.
     virtual void rowSelected(int /*row*/) {}
 
-    /// After each change: shows the rows as they are and selects one.
+    /// Shows the rows as they are and selects one; -1: none.
+    void showRows(int select);
+    /// The same after a change, which it tells.
     void rowsChanged(int select);
 
   private:

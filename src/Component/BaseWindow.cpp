@@ -310,6 +310,11 @@ void BaseWindow::setMinimumSize(int width, int height)
     native::setMinimumSize(handle, width, height);
 }
 
+void BaseWindow::setMaximumHeight(int height)
+{
+    native::setMaximumHeight(handle, height);
+}
+
 void BaseWindow::setFixedSize(int width, int height)
 {
     native::setFixedSize(handle, width, height);

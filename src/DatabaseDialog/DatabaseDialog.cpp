@@ -51,7 +51,7 @@ void DatabaseDialog::collectDocuments()
 
 void DatabaseDialog::build()
 {
-    constexpr int kWidth = 1160, kHeight = 660;
+    constexpr int kWidth = 1200, kHeight = 660;
     setInitialSize(kWidth, kHeight);
     pages.clear();
     pages.resize(specs.size());

@@ -186,7 +186,6 @@ void DatabasePage::buildList(GroupComponent& pane)
     filter.setListener(this);
     list->setColumns({{u"Name", 0}});
     list->setModel(rows.get());
-    list->setEmptyText(u"No rows match the filter.");
     list->setAccessibleName(spec.title);
     list->onAction([this] {
         const int place = list->getSelectedRow();
@@ -278,6 +277,8 @@ void DatabasePage::rowChanged()
 
 void DatabasePage::fitCount()
 {
+    list->setEmptyText(table.empty() ? WStringView(u"No rows yet: \"...\" below makes some.")
+                                     : WStringView(u"No rows match the filter."));
     countLabel.setText(translate(u"Maximum") + u": " +
                        toDecimal(static_cast<std::int64_t>(table.size())));
 }

@@ -71,9 +71,7 @@ class ListControl::Entries final : public BaseDataTable, private TableModel
         }
         for (std::vector<std::int32_t>& list : values) // the longest one tells
             list.resize(longest());
-        fireTableChanged({TableModelEvent::Changed, -1, -1});
-        getTable().selectRow(count() > 0 ? 0 : -1);
-        rowSelected(getTable().getSelectedRow());
+        showRows(count() > 0 ? 0 : -1);
     }
     void store(GameRow& row)
     {
@@ -389,9 +387,7 @@ class ChildRowsControl::Children final : public BaseDataTable, private TableMode
     void refresh(int select)
     {
         pane.show(nullptr);
-        fireTableChanged({TableModelEvent::Changed, -1, -1});
-        getTable().selectRow(select);
-        rowSelected(getTable().getSelectedRow());
+        showRows(select);
     }
     std::vector<std::unique_ptr<GameRow>> clones(GameRow& row) const
     {

@@ -236,7 +236,9 @@ class BitsControl::Bits final : public Table
     {
         Table::onCreate();
         constexpr int kWidth = 160, kRowHeight = 23, kMostRows = 5;
-        setMinimumSize(kWidth, kRowHeight * std::clamp(names.getRowCount() + 1, 2, kMostRows));
+        const int whole = kRowHeight * (names.getRowCount() + 1);
+        setMinimumSize(kWidth, std::clamp(whole, 2 * kRowHeight, kMostRows * kRowHeight));
+        setMaximumHeight(std::max(whole, 2 * kRowHeight));
         setColumns({{u"", 0}});
         setModel(&names);
     }

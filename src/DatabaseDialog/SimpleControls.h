@@ -102,7 +102,7 @@ class NumberLineControl final : public FieldControl
     BaseWindow& getWindow() override { return line; }
     void show(const GameRow& row) override;
     void store(GameRow& row) override;
-    int getLines() const override { return field.kind == Kind::DiceText ? 1 : 2; }
+    int getLines() const override { return field.kind == Kind::DiceText ? 1 : 3; }
 
   private:
     class Line final : public GroupComponent

@@ -66,7 +66,7 @@ StringTableDialog::~StringTableDialog() = default;
 
 void StringTableDialog::build()
 {
-    constexpr int kWidth = 760, kHeight = 560, kColumn = 230, kTextHeight = 64;
+    constexpr int kWidth = 760, kHeight = 560, kColumn = 230, kTextHeight = 64, kListHeight = 300;
     setInitialSize(kWidth, kHeight);
     BoxLayout column(getPane(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
     column.add(filter).add(list, 1);
@@ -76,6 +76,7 @@ void StringTableDialog::build()
     list.setColumns({{u"Text", kColumn}, {u"First Language", kColumn}, {u"Second Language", 0}});
     list.setModel(keys.get());
     list.setSortable(true);
+    list.setMinimumSize(0, kListHeight);
     list.setAccessibleName(u"String Table");
     list.onAction([this] { showKey(list.getSelectedRow()); });
     GroupComponent& fields = getPane().add<GroupComponent>();

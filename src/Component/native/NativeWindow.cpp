@@ -113,6 +113,12 @@ void setMinimumSize(NativeHandle handle, int width, int height)
         widgetOf(handle)->setMinimumSize(width, height);
 }
 
+void setMaximumHeight(NativeHandle handle, int height)
+{
+    if (handle)
+        widgetOf(handle)->setMaximumHeight(height);
+}
+
 void setFixedSize(NativeHandle handle, int width, int height)
 {
     if (handle && width > 0)

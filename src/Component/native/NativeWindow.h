@@ -26,6 +26,7 @@ bool isVisible(NativeHandle handle);
 void setEnabled(NativeHandle handle, bool enabled);
 bool isEnabled(NativeHandle handle);
 void setMinimumSize(NativeHandle handle, int width, int height);
+void setMaximumHeight(NativeHandle handle, int height);
 void setFixedSize(NativeHandle handle, int width, int height);
 void setTitle(NativeHandle handle, WStringView text);
 WString getTitle(NativeHandle handle);
