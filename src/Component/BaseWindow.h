@@ -86,11 +86,8 @@ class BaseWindow : public WinApiWindow
     static void retranslate(NativeHandle top);
 
     void setMinimumSize(int width, int height);
-<<<<<<< HEAD
     /// 0: that side stays free.
-=======
     void setMaximumHeight(int height);
->>>>>>> bcbda5a17e5c9511935b9013b979f16154a99170
     void setFixedSize(int width, int height);
     /// Whether Tab stops here.
     void setTabStop(bool stops);
