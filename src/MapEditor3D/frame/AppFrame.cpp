@@ -1,5 +1,6 @@
 #include "MapEditor3D/frame/AppFrame.h"
 
+#include "Audio/AudioManager.h"
 #include "Component/Application.h"
 #include "Component/Theme.h"
 #include "Component/Translation.h"
@@ -98,6 +99,15 @@ AppFrame::~AppFrame()
     editor.removeListener(*this);
 }
 
+/// Scripts that run in the tool make no sound by themselves.
+static void silenceGame()
+{
+    AudioManager& audio = AudioManager::instance();
+    audio.stopMusic();
+    audio.setMusicEnabled(false);
+    audio.setSoundEnabled(false);
+}
+
 // The window
 
 void AppFrame::open()
@@ -117,7 +127,10 @@ void AppFrame::open()
     openFirstMap();
     setVisible(true);
     sheet.getCanvas().setFocus();
-    Application::post([this] { offerRecovery(); });
+    Application::post([this] {
+        silenceGame();
+        offerRecovery();
+    });
 }
 
 void AppFrame::buildBars()
