@@ -59,3 +59,16 @@ function(varn_bench name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE varn_options ${ARG_LINK})
 endfunction()
+
+# Where both programs are installed, with what stands beside them.
+include(GNUInstallDirs)
+set(VARN_PROGRAM_DIR "${CMAKE_INSTALL_LIBDIR}/mapeditor")
+
+# varn_link_on_path(PROGRAM): a link in the folder of programs leads to the installed one.
+function(varn_link_on_path program)
+  file(RELATIVE_PATH link "/${CMAKE_INSTALL_BINDIR}" "/${VARN_PROGRAM_DIR}/${program}")
+  install(CODE "
+    set(bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+    file(MAKE_DIRECTORY \"\${bin}\")
+    file(CREATE_LINK \"${link}\" \"\${bin}/${program}\" SYMBOLIC)")
+endfunction()

@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QThread>
 #include <QUrl>
 
 namespace varn {
@@ -55,6 +56,11 @@ QString filterOf(const ChooserRequest& request)
 
 void WindowHost::showMessage(WStringView text)
 {
+    if (QThread::currentThread() != qApp->thread()) { // a script or a player tells something
+        QMetaObject::invokeMethod(
+            qApp, [this, text] { showMessage(text); }, Qt::BlockingQueuedConnection);
+        return;
+    }
     QMessageBox box(QMessageBox::Information, toQt(kMakerName), translated(text), QMessageBox::NoButton,
                     parentForBoxes());
     box.addButton(translated(u"OK"), QMessageBox::AcceptRole);
