@@ -26,12 +26,20 @@ function(varn_test name)
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
 
-# varn_draws(NAME): the test program draws lines or text, by the library that the programs load. An
-# RPATH, since the sanitizers' dlopen does not see a program's RUNPATH.
-function(varn_draws name)
-  add_dependencies(${name} varnraster)
-  set_target_properties(${name} PROPERTIES BUILD_RPATH "$<TARGET_FILE_DIR:varnraster>")
+# varn_loads(NAME MODULE ...): the test program loads modules that the programs load too. An RPATH,
+# since the sanitizers' dlopen does not see a program's RUNPATH.
+function(varn_loads name)
+  add_dependencies(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES BUILD_RPATH "$<TARGET_FILE_DIR:${ARGV1}>")
   target_link_options(${name} PRIVATE -Wl,--disable-new-dtags)
+endfunction()
+
+# The test program draws lines or text; or it plays sounds and songs.
+function(varn_draws name)
+  varn_loads(${name} varnraster)
+endfunction()
+function(varn_sounds name)
+  varn_loads(${name} varnsound varnsynth)
 endfunction()
 
 # varn_fuzz(NAME LINK Folder ...): fuzz/NAME.cpp, with its seeds in fuzz/corpus/NAME; one entry of ctest,

@@ -8,7 +8,7 @@
 // Any text as a script: code, or its errors in one string.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    varn::registerStandardClasses();
+    varn::registerEngineClasses();
     varn::Interpreter script;
     script.loadGlobalScript = false;
     try {

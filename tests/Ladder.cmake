@@ -5,16 +5,17 @@ set(ladder
   "Parser:Util"
   "Graphics:Util"
   "Audio:Util"
+  "Input:Util"
   "Game:Util"
   "Game/Database:Util Parser Game"
   "Game/Map:Util Parser Game Game/Database Graphics"
   "Game/Sprite:Util Parser Game Game/Database Graphics"
-  "Game/Compiler:Util Parser Game Game/Database Graphics Audio"
+  "Game/Compiler:Util Parser Game Game/Database Graphics Audio Input"
   "TextEditor:Util"
-  "MapEditor3D:Util Parser Graphics Audio Game Game/Database Game/Map Game/Sprite Game/Compiler"
+  "MapEditor3D:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Sprite Game/Compiler"
   "Component:Util Graphics"
-  "DatabaseDialog:Util Parser Graphics Audio Game Game/Database Game/Map Game/Compiler TextEditor Component"
-  "MapEditor3D/frame:Util Parser Graphics Audio Game Game/Database Game/Map Game/Compiler TextEditor MapEditor3D Component DatabaseDialog")
+  "DatabaseDialog:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Compiler TextEditor Component"
+  "MapEditor3D/frame:Util Parser Graphics Audio Input Game Game/Database Game/Map Game/Compiler TextEditor MapEditor3D Component DatabaseDialog")
 
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
 set(faults "")

@@ -17,6 +17,7 @@ class Context
     Context(Output& output, DriverHost& host) : output(output), driverHost(host) {}
 
     Output& out() { return output; }
+    DriverHost& getHost() { return driverHost; }
     /// Records and lists are asked for as JSON.
     bool json() const { return globals.json; }
     /// A list of flat records, or one, in the form that is asked for: lines or JSON.

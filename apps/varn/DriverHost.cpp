@@ -28,6 +28,8 @@ Answer DriverHost::ask(const Question& question)
 std::uint64_t DriverHost::clockMs()
 {
     using namespace std::chrono;
+    if (const std::uint64_t own = ownClock; own != kNoClock)
+        return own;
     const auto now = steady_clock::now().time_since_epoch();
     return static_cast<std::uint64_t>(duration_cast<milliseconds>(now).count());
 }

@@ -3,6 +3,8 @@
 #include "Output.h"
 #include "Util/Host.h"
 
+#include <atomic>
+
 namespace varn::driver {
 
 /// The host without a window: what would be a message box is a block on standard error. Questions
@@ -29,12 +31,29 @@ class DriverHost : public Host
     std::uint64_t clockMs() override;
     bool isJapaneseUser() override;
 
+    /// While it lives, the clock stands where it is set, from 0 on.
+    class OwnClock
+    {
+      public:
+        explicit OwnClock(DriverHost& host) : host(host) { set(0); }
+        ~OwnClock() { host.ownClock = kNoClock; }
+        OwnClock(const OwnClock&) = delete;
+        OwnClock& operator=(const OwnClock&) = delete;
+        void set(std::uint64_t milliseconds) const { host.ownClock = milliseconds; }
+
+      private:
+        DriverHost& host;
+    };
+
   private:
     void print(WStringView text, std::string_view end);
 
     Output& output;
+    static constexpr std::uint64_t kNoClock = ~std::uint64_t{0};
+
     Answer answer = Answer::No;
     WString clipboard;
+    std::atomic<std::uint64_t> ownClock = kNoClock;
 };
 
 /// A line of the driver's own on standard error, "varn: " in front.

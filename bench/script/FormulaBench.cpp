@@ -43,7 +43,7 @@ const FormulaArg kArguments[] = {{u"attacker", u"Battler", &attacker},
 
 void registerBattler()
 {
-    registerStandardClasses();
+    registerEngineClasses();
     auto made = std::make_unique<SQClassDef<Battler>>("Battler");
     made->addFunc<&Battler::getAttack>("getAttack");
     made->addFunc<&Battler::getDefence>("getDefence");

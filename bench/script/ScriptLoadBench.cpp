@@ -16,7 +16,7 @@ int main(int argc, char** argv)
     const auto bytes = argc > 1 ? readFile(argv[1]) : std::nullopt;
     if (!bytes)
         return 2;
-    registerStandardClasses();
+    registerEngineClasses();
     const WString text = decodeBytes(asBytes(*bytes)).text;
     Interpreter script;
     script.loadGlobalScript = false;

@@ -222,6 +222,9 @@ void scanLength(MidiSong& song)
     double lastNote = 0;
     std::optional<double> firstNote;
     std::uint8_t data1Before = 0;
+    const auto whole = [](double value) {
+        return static_cast<std::uint32_t>(std::min(value, 4294967295.0));
+    };
     for (const MidiEvent& event : song.events) {
         const double wait = song.milliseconds(event.delta, tempo);
         time += wait;
@@ -229,13 +232,13 @@ void scanLength(MidiSong& song)
             lastNote = time;
         if (event.kind() == 0x90 && data1Before != 6 && !firstNote)
             firstNote = time - wait;
+        if (event.isLoopMark())
+            song.loopStart = whole(time);
         if (event.isTempo())
             tempo = event.tempo();
         data1Before = event.data1;
     }
-    const auto whole = [](double value) {
-        return static_cast<std::uint32_t>(std::min(value, 4294967295.0));
-    };
+    song.end = whole(time);
     song.length = whole(lastNote);
     song.firstNote = whole(firstNote.value_or(0));
 }

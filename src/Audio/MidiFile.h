@@ -4,6 +4,7 @@
 #include "Util/Exception.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace varn {
@@ -44,6 +45,8 @@ struct MidiEvent
     std::uint8_t kind() const { return status & 0xF0; }
     bool isMeta() const { return status == kMeta; }
     bool isSystemExclusive() const { return status == kSystemExclusive; }
+    /// Controller 111: a loop begins behind it.
+    bool isLoopMark() const { return kind() == 0xB0 && data1 == 111; }
     bool isTempo() const { return isMeta() && metaType == 0x51; }
     /// Of a tempo event: microseconds a quarter note.
     std::uint32_t tempo() const;
@@ -59,6 +62,8 @@ struct MidiSong
     std::vector<MidiEvent> events;
     std::uint32_t length = 0;    ///< milliseconds to the last note's end
     std::uint32_t firstNote = 0; ///< milliseconds of silence before the first note
+    std::uint32_t end = 0;       ///< milliseconds to the last event, where a loop goes round
+    std::optional<std::uint32_t> loopStart; ///< milliseconds to the last mark of a loop
 
     double milliseconds(std::uint32_t ticks, std::uint32_t tempo) const
     {

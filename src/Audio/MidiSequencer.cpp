@@ -8,7 +8,7 @@ namespace varn {
 namespace {
 
 constexpr std::uint8_t kNoteOff = 0x80, kNoteOn = 0x90, kController = 0xB0;
-constexpr std::uint8_t kLoopController = 111, kAllSoundOff = 120;
+constexpr std::uint8_t kAllSoundOff = 120;
 
 } // namespace
 
@@ -25,6 +25,8 @@ std::uint8_t velocityAt(std::uint8_t velocity, int volume)
 std::optional<std::uint32_t> MidiSequencer::nextWait()
 {
     wait = 0;
+    if (!seeking && seekTarget != -1)
+        beginSeek();
     wentRound = current == song.events.size();
     if (wentRound) {
         position = loopTime;
@@ -33,15 +35,16 @@ std::optional<std::uint32_t> MidiSequencer::nextWait()
         if (!loop)
             return std::nullopt;
         current = loopEvent;
+        owed = 0;
         return 1;
     }
-    if (!seeking && seekTarget != -1)
-        beginSeek();
     const MidiEvent& event = song.events[current];
     if (event.delta == 0)
         return 0;
     const double due = song.milliseconds(event.delta, tempo);
-    wait = static_cast<std::uint32_t>(std::min(due, 4294967295.0));
+    const double whole = std::min(std::floor(due + owed), 4294967295.0);
+    owed = std::clamp(due + owed - whole, 0.0, 1.0);
+    wait = static_cast<std::uint32_t>(whole);
     return seeking || position < song.firstNote ? 0 : wait;
 }
 
@@ -62,6 +65,7 @@ void MidiSequencer::beginSeek()
     heldNotes = {};
     current = 0;
     position = 0;
+    owed = 0;
 }
 
 void MidiSequencer::endSeekWhereDue()
@@ -89,7 +93,7 @@ void MidiSequencer::send(const MidiEvent& event)
             event.data.size() >= 2 && (event.data[1] == '\x41' || event.data[1] == '\x43');
         if (event.data.size() >= 3 && !isOfOtherMaker)
             output.longMessage(asBytes(event.data));
-    } else if (event.kind() == kController && event.data1 == kLoopController) {
+    } else if (event.isLoopMark()) {
         loopEvent = current + 1;
         loopTime = position;
     } else {

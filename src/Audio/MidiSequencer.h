@@ -62,6 +62,7 @@ class MidiSequencer
     std::uint32_t loopTime = 0;
     std::uint32_t tempo = kMidiTempo;
     std::uint32_t wait = 0; // of the event that is due
+    double owed = 0;        // the part of a millisecond that earlier waits left out
     bool wentRound = false; // there is no event due, the loop begins behind this wait
     std::atomic<std::uint32_t> position = 0;
     std::atomic<std::int32_t> seekTarget = -1;

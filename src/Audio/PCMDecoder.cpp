@@ -16,16 +16,27 @@ bool PCMDecoder::open(WStringView path)
     return bytes && openBytes(std::move(*bytes));
 }
 
-std::uint32_t PCMDecoder::getPositionMilliseconds() const
+std::uint32_t PCMDecoder::toMilliseconds(std::uint32_t position) const
 {
     const std::uint64_t units = unitsPerSecond();
-    return units == 0 ? 0 : static_cast<std::uint32_t>(tell() * std::uint64_t{1000} / units);
+    return units == 0 ? 0 : static_cast<std::uint32_t>(position * std::uint64_t{1000} / units);
 }
 
 void PCMDecoder::seekMilliseconds(std::uint32_t value)
 {
-    const std::uint64_t position = std::uint64_t{value} * unitsPerSecond() / 1000;
+    if (samplesPerSecond == 0)
+        return;
+    const std::uint64_t frame = std::uint64_t{value} * samplesPerSecond / 1000;
+    const std::uint64_t position = frame * (unitsPerSecond() / samplesPerSecond);
     seek(static_cast<std::uint32_t>(std::min<std::uint64_t>(position, size)));
+}
+
+std::uint32_t PCMDecoder::halfSecond() const
+{
+    constexpr std::uint32_t kMost = 1 << 24; // only a file that lies claims more
+    const std::uint32_t frame = std::max(blockAlign(), 1U);
+    const std::uint32_t bytes = std::min(bytesPerSecond() / 2, kMost);
+    return std::max(bytes - bytes % frame, frame);
 }
 
 PCMDecoder::Filled PCMDecoder::fill(std::span<std::byte> buffer, bool loop)

@@ -40,7 +40,11 @@ class PCMDecoder
     /// Reads on; gives the bytes put into `buffer`, 0 at the end.
     virtual std::size_t read(std::span<std::byte> buffer) = 0;
 
-    std::uint32_t getPositionMilliseconds() const;
+    std::uint32_t getPositionMilliseconds() const { return toMilliseconds(tell()); }
+    std::uint32_t getDurationMilliseconds() const { return toMilliseconds(size); }
+    /// Of a position.
+    std::uint32_t toMilliseconds(std::uint32_t position) const;
+    /// To the frame that begins there or before.
     void seekMilliseconds(std::uint32_t value);
 
     struct Filled
@@ -57,6 +61,9 @@ class PCMDecoder
     /// Bytes of a sample of every channel.
     std::uint32_t blockAlign() const { return channels * bitsPerSample / 8; }
     std::uint32_t bytesPerSecond() const { return samplesPerSecond * blockAlign(); }
+    /// Bytes of half a second in whole frames, what players and rendering fill at once; 1 or more,
+    /// and bounded where a file lies.
+    std::uint32_t halfSecond() const;
 
   protected:
     /// Units of position in a second.

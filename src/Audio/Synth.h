@@ -13,6 +13,8 @@ class Synth : public MidiOutput
     static constexpr std::uint32_t kSamplesPerSecond = 44100;
     static constexpr std::uint32_t kChannels = 2;
 
+    /// As it was made: silent, every channel as a new song expects it.
+    virtual void reset() = 0;
     /// Goes on by as many frames as `samples` holds; interleaved stereo.
     virtual void render(std::span<std::int16_t> samples) = 0;
 };

@@ -41,6 +41,8 @@ class FluidSynth final : public Synth
         fluid_settings_setstr(settings.get(), "synth.midi-bank-select", "gs");
         fluid_settings_setint(settings.get(), "synth.device-id", 16);
         fluid_settings_setint(settings.get(), "synth.cpu-cores", 1);
+        // An orchestra with all that still rings; more are not told apart, and cost.
+        fluid_settings_setint(settings.get(), "synth.polyphony", 64);
         // Beside sound effects the library's own 0.2 is too soft; a full orchestra stays below 1.
         fluid_settings_setnum(settings.get(), "synth.gain", 0.7);
         synth.reset(new_fluid_synth(settings.get()));
@@ -92,6 +94,12 @@ class FluidSynth final : public Synth
         const bool isClosed = body.ends_with('\xF7');
         fluid_synth_sysex(synth.get(), body.data(), static_cast<int>(body.size() - isClosed),
                           nullptr, nullptr, nullptr, 0);
+    }
+
+    void reset() override
+    {
+        fluid_synth_system_reset(synth.get());
+        gain = 1;
     }
 
     void render(std::span<std::int16_t> samples) override

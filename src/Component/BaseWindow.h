@@ -87,6 +87,7 @@ class BaseWindow : public WinApiWindow
 
     void setMinimumSize(int width, int height);
     void setMaximumHeight(int height);
+    /// 0: that side stays free.
     void setFixedSize(int width, int height);
     /// Whether Tab stops here.
     void setTabStop(bool stops);

@@ -34,6 +34,19 @@ class BoxLayout
     BaseWindow& pane;
 };
 
+/// Children in columns and rows of a grid, counted from 0.
+class GridLayout
+{
+  public:
+    explicit GridLayout(BaseWindow& pane, int gap, BoxLayout::Margin margin = BoxLayout::Margin::Normal);
+    GridLayout& add(BaseWindow& child, int column, int row);
+    /// The column and row that take the room that is left.
+    GridLayout& stretch(int column, int row);
+
+  private:
+    BaseWindow& pane;
+};
+
 /// Fields below each other, each with its label before it and a place for what is wrong below it.
 /// Labels carry mnemonics and name their controls to screen readers.
 class FormLayout

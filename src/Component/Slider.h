@@ -24,6 +24,31 @@ class Slider : public Component
     int least, most;
 };
 
+/// A scroll bar beside what it scrolls; its action is a scroll by hand.
+class ScrollStrip : public Component
+{
+  public:
+    enum class Axis
+    {
+        Level,
+        Upright
+    };
+
+    explicit ScrollStrip(Axis axis) : axis(axis) {}
+
+    /// @param whole  length of what is scrolled, of which `page` is seen
+    void setRange(int whole, int page, int step);
+    int getValue() const;
+    void setValue(int value);
+
+  protected:
+    bool paintsItself() const override { return false; }
+    NativeHandle makeHandle(NativeHandle parent) override;
+
+  private:
+    Axis axis;
+};
+
 /// Progress from 0 to 100, or a level.
 class ProgressBar : public Component
 {

@@ -2,6 +2,8 @@
 
 #include "Component/Component.h"
 
+#include <optional>
+
 namespace varn {
 
 /// One node of a tree. Nodes are owned by their parent.
@@ -9,6 +11,7 @@ class TreeItem
 {
   public:
     WString text;
+    WString mark; ///< shown behind the text, no part of it
     WString icon; ///< of the icon table; empty for none
     int data = 0; ///< the owner's own
     bool editable = false;
@@ -16,6 +19,7 @@ class TreeItem
     bool expanded = true;
     std::vector<std::unique_ptr<TreeItem>> children;
     TreeItem* parent = nullptr;
+    std::optional<bool> checked; ///< of the box before the text; nothing: it has none
 
     TreeItem& add(WStringView childText, int childData = 0);
 };
@@ -32,6 +36,8 @@ class TreeViewListener
     virtual bool itemRenamed(TreeItem&, WStringView /*text*/) { return true; }
     /// Right button or menu key, at a point of the tree; null: beside the items.
     virtual void menuRequested(TreeItem*, int /*x*/, int /*y*/) {}
+    /// The box before an item was ticked or cleared by hand.
+    virtual void itemChecked(TreeItem&) {}
     virtual void itemExpanded(TreeItem&, bool /*expanded*/) {}
     /// The person dragged items; the tree's own nodes have moved already.
     virtual void itemMoved(TreeItem&) {}
@@ -49,6 +55,7 @@ class TreeView : public BaseTreePane
 {
   public:
     TreeItem& getRoot() { return root; }
+    const TreeItem& getRoot() const { return root; }
     void setListener(TreeViewListener* next) { listener = next; }
     TreeViewListener* getListener() const { return listener; }
     /// Shows the nodes as they are now; the selection stays where its node does.

@@ -17,6 +17,7 @@ class WindowHost final : public Host
     std::optional<WString> chooseFolder(WStringView title) override;
     bool openWithShell(WStringView target) override;
     bool runProgram(WStringView program, WStringView words) override;
+    bool startInFolder(WStringView program, WStringView folder) override;
     bool editText(WStringView path) override;
     void beep() override;
     void setClipboardText(WStringView text) override;

@@ -173,16 +173,25 @@ int Graphics::getStringWidth(WStringView text) const
     return widest;
 }
 
+void Graphics::drawLineOfText(WStringView line, int x, int y)
+{
+    if (textAlign == TextAlign::Right)
+        x -= raster().measureText(font, line);
+    else if (textAlign == TextAlign::Center)
+        x -= raster().measureText(font, line) / 2;
+    raster().drawText(getBitmap(), font, line, x, y, textColor);
+}
+
 void Graphics::drawString(WStringView text, int x, int y)
 {
     const int advance = raster().measureFont(font).height + lineGap;
     for (std::size_t end = text.find(u'\n'); end != WStringView::npos; end = text.find(u'\n')) {
         const WStringView line = text.substr(0, end);
-        raster().drawText(getBitmap(), font, line.substr(0, line.find(u'\r')), x, y, textColor);
+        drawLineOfText(line.substr(0, line.find(u'\r')), x, y);
         y += advance;
         text.remove_prefix(end + 1);
     }
-    raster().drawText(getBitmap(), font, text, x, y, textColor);
+    drawLineOfText(text, x, y);
 }
 
 void Graphics::drawBorderString(WStringView text, int x, int y, std::uint32_t colour,

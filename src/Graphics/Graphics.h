@@ -9,6 +9,14 @@
 
 namespace varn {
 
+/// Where a text stands at its x.
+enum class TextAlign : int
+{
+    Left = 0, ///< it begins there, as for any number that is none of these
+    Right = 2,
+    Center = 6
+};
+
 /// A drawing surface: an image that can be drawn on. Image blit, translucent rectangle, window-skin
 /// frame and perspective quad work on the pixel bytes and are exact to the last bit; lines, shapes
 /// and text go to the raster library.
@@ -86,10 +94,12 @@ class Graphics
                           std::uint32_t border);
 
     int originX = 0, originY = 0;
-    int lineGap = 0; ///< extra pixels between lines of text
+    int lineGap = 0;                       ///< extra pixels between lines of text
+    TextAlign textAlign = TextAlign::Left; ///< of each line drawn
 
   private:
     void copyPlain(const Bitmap& picture, const Rect& target, const Rect& source);
+    void drawLineOfText(WStringView line, int x, int y);
 
     Image image;
     FontSpec font;

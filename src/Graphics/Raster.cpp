@@ -11,6 +11,7 @@
 #include <QPainterPath>
 #include <cmath>
 #include <map>
+#include <mutex>
 #include <numbers>
 
 namespace varn {
@@ -144,6 +145,7 @@ class QtRaster : public Raster
     {
         if (target.isEmpty() || line.empty())
             return;
+        const std::lock_guard lock(textLock);
         Session session(target);
         const Face& face = faceOf(font);
         session.painter.setFont(face.font);
@@ -158,6 +160,7 @@ class QtRaster : public Raster
 
     int measureText(const FontSpec& font, WStringView line) override
     {
+        const std::lock_guard lock(textLock);
         const Face& face = faceOf(font);
         if (line.find(u'\t') == WStringView::npos)
             return face.metrics.horizontalAdvance(toQt(line));
@@ -166,6 +169,7 @@ class QtRaster : public Raster
 
     FontMetrics measureFont(const FontSpec& font) override
     {
+        const std::lock_guard lock(textLock);
         const QFontMetrics& metrics = faceOf(font).metrics;
         return {metrics.height(), metrics.ascent(), metrics.descent()};
     }
@@ -227,6 +231,9 @@ class QtRaster : public Raster
         return faces.emplace_back(spec, Face{font, QFontMetrics(font)}).second;
     }
 
+    /// Guards the faces and what the library shares between them: scripts draw text on threads of
+    /// their own.
+    std::mutex textLock;
     std::vector<std::pair<FontSpec, Face>> faces;
 };
 

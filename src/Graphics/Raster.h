@@ -50,7 +50,7 @@ struct ShapeStyle
 /// Geometry and text on a bitmap's pixels, by the platform's raster library: everything that the
 /// pixel loops do not do themselves. Without antialiasing the same call gives the same bytes on
 /// every machine. Nothing is drawn outside the bitmap; alpha bytes of touched pixels are not
-/// defined.
+/// defined. Several threads may draw at once, on bitmaps of their own.
 class Raster
 {
   public:
@@ -83,7 +83,8 @@ class Raster
 /// @throws Exception  the library is not installed beside the program
 Raster& raster();
 
-/// Puts another in force, for a program that links the library itself; borrowed.
+/// Puts another in force, for a program that links the library itself; borrowed. Before any thread
+/// draws.
 void setRaster(Raster* next);
 
 } // namespace varn

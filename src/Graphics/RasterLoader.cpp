@@ -19,9 +19,10 @@ Raster* load()
 
 Raster& raster()
 {
-    if (!inForce)
-        inForce = load();
-    return *inForce;
+    if (inForce)
+        return *inForce;
+    static Raster* const loaded = load(); // once, whichever thread draws first
+    return *loaded;
 }
 
 void setRaster(Raster* next)

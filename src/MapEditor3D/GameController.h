@@ -34,14 +34,14 @@ inline constexpr ControllerButton kControllerButtons[] = {
     {ControllerKey::L, u"L", u"Step to the left", 0, 0},
     {ControllerKey::Menu, u"Menu", u"Back to the first cell", 3, 0},
     {ControllerKey::R, u"R", u"Step to the right", 6, 0},
-    {ControllerKey::Up, u"\u25B2", u"Step forward", 1, 1},
-    {ControllerKey::Left, u"\u25C0", u"Turn left", 0, 2},
-    {ControllerKey::Right, u"\u25B6", u"Turn right", 2, 2},
-    {ControllerKey::Down, u"\u25BC", u"Step back", 1, 3},
-    {ControllerKey::X, u"X", u"Turn around", 5, 1},
+    {ControllerKey::Up, u"\u25B2", u"Forward", 1, 1},
+    {ControllerKey::Left, u"\u25C0", u"Turn Left", 0, 2},
+    {ControllerKey::Right, u"\u25B6", u"Turn Right", 2, 2},
+    {ControllerKey::Down, u"\u25BC", u"Back", 1, 3},
+    {ControllerKey::X, u"X", u"Turn Around", 5, 1},
     {ControllerKey::Y, u"Y", u"Step through the wall ahead", 4, 2},
     {ControllerKey::A, u"A", u"Go through the warp here", 6, 2},
-    {ControllerKey::B, u"B", u"Step back", 5, 3},
+    {ControllerKey::B, u"B", u"Back", 5, 3},
 };
 
 /// The on-screen pad: what hears its keys.

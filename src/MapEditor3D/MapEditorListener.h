@@ -18,9 +18,11 @@ class MapEditorListener
   public:
     virtual ~MapEditorListener() = default;
 
-    /// Another map is open, or the open one has other properties (size, pictures, names): nothing
-    /// that was shown of it holds.
+    /// Another map is open: nothing that was shown of the one before holds.
     virtual void mapLoaded() {}
+    /// The open map has another size, other pictures, names or settings. Nothing that was shown of
+    /// it holds either, so who does not tell the two apart is told that it was loaded.
+    virtual void propertiesChanged() { mapLoaded(); }
     /// The open map stands on the disk as it is.
     virtual void mapSaved() {}
     /// Cells of the map, never beyond its size. A stroke over the seam of the torus comes in two

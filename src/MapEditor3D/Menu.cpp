@@ -24,12 +24,29 @@ static MenuEntry makeEntry(const MenuItem& item, bool systemCoordinates)
     return entry;
 }
 
-std::vector<MenuEntry> buildMenu(bool systemCoordinates)
+static std::vector<MenuEntry> buildMenuOf(LanguageManager& language, bool systemCoordinates)
 {
     std::vector<MenuEntry> menu;
-    for (const MenuItem& item : LanguageManager::instance().buildMenu())
+    for (const MenuItem& item : language.buildMenu())
         menu.push_back(makeEntry(item, systemCoordinates));
     return menu;
+}
+
+std::vector<MenuEntry> buildMenu(bool systemCoordinates)
+{
+    return buildMenuOf(LanguageManager::instance(), systemCoordinates);
+}
+
+std::vector<std::vector<MenuEntry>> buildOtherMenus()
+{
+    std::vector<std::vector<MenuEntry>> menus;
+    const LanguageManager& inForce = LanguageManager::instance();
+    for (const WString& file : inForce.getLanguageFiles()) {
+        LanguageManager other;
+        if (file != inForce.getFileName() && other.load(file))
+            menus.push_back(buildMenuOf(other, false));
+    }
+    return menus;
 }
 
 } // namespace varn

@@ -25,4 +25,8 @@ struct MenuEntry
 /// @param systemCoordinates  check mark of "absoluteCoordinate"
 std::vector<MenuEntry> buildMenu(bool systemCoordinates);
 
+/// The menus of the languages that are not in force, for who looks for a command by the word of
+/// another manual.
+std::vector<std::vector<MenuEntry>> buildOtherMenus();
+
 } // namespace varn

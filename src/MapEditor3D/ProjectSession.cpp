@@ -261,6 +261,13 @@ bool ProjectSession::shutdown()
 void ProjectSession::writeSettings()
 {
     openProject();
+    if (placement) {
+        settings.setSettingInt(u"Window", u"MainLeft", placement->left);
+        settings.setSettingInt(u"Window", u"MainTop", placement->top);
+        settings.setSettingInt(u"Window", u"MainWidth", placement->width);
+        settings.setSettingInt(u"Window", u"MainHeight", placement->height);
+        settings.setSettingString(u"Window", u"Zoomed", placement->zoomed ? u"1" : u"0");
+    }
     settings.setSettingInt(u"Editor", u"SelectedLayer", static_cast<int>(selectedLayer));
     settings.setSettingString(u"Project", u"Path", projectPath);
     settings.setSettingInt(u"View", u"SystemCoordinateEnabled", systemCoordinateEnabled ? 1 : 0);

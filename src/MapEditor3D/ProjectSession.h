@@ -95,6 +95,15 @@ class ProjectSession
     /// Writes what the next start restores.
     void writeSettings();
 
+    /// Where the main window stands when it is neither maximised nor minimised.
+    struct WindowPlacement
+    {
+        int left = 0, top = 0, width = 0, height = 0;
+        bool zoomed = false; ///< maximised
+    };
+    /// Written with the settings; a run without a window has none.
+    void setWindowPlacement(const WindowPlacement& next) { placement = next; }
+
   private:
     bool enter();
     bool makeTempFolder(TempFolder folder);
@@ -118,6 +127,7 @@ class ProjectSession
     bool systemCoordinateEnabled = true;
     int tileScaleCount = 0;
     EditorLayer selectedLayer = EditorLayer::Event;
+    std::optional<WindowPlacement> placement;
 };
 
 } // namespace varn

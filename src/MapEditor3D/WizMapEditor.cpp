@@ -139,7 +139,7 @@ void WizMapEditor::areasEdited()
 void WizMapEditor::propertiesEdited()
 {
     cursor.keepInside(map);
-    listeners.tell(&MapEditorListener::mapLoaded);
+    listeners.tell(&MapEditorListener::propertiesChanged);
     listeners.tell(&MapEditorListener::walkerMoved);
     tellCommitted();
 }

@@ -64,6 +64,8 @@ class Host
     {
         return openWithShell(program);
     }
+    /// Runs a program with a folder as its working directory, without waiting. False: it could not.
+    virtual bool startInFolder(WStringView /*program*/, WStringView /*folder*/) { return false; }
     /// Opens a text file in the desktop's editor, without waiting.
     virtual bool editText(WStringView path) = 0;
     virtual void beep() = 0;

@@ -1,4 +1,5 @@
 #include "Audio/MidiSequencer.h"
+#include "MidiBytes.h"
 #include "Support/RecordingHost.h"
 #include "Support/TemporaryProject.h"
 
@@ -10,31 +11,6 @@ namespace varn::test {
 namespace {
 
 using namespace std::string_literals;
-
-std::string bigEndian(std::uint32_t value, int bytes)
-{
-    std::string text;
-    for (int i = bytes - 1; i >= 0; --i)
-        text += static_cast<char>(value >> (8 * i));
-    return text;
-}
-
-const std::string kEnd = "\0\xFF\x2F\0"s;
-
-std::string track(const std::string& events)
-{
-    return "MTrk" + bigEndian(7, 4) + events + kEnd; // the length is not looked at
-}
-
-std::string song(int format, const std::vector<std::string>& tracks, int division = 480)
-{
-    std::string file = "MThd" + bigEndian(6, 4) + bigEndian(static_cast<std::uint32_t>(format), 2) +
-                       bigEndian(static_cast<std::uint32_t>(tracks.size()), 2) +
-                       bigEndian(static_cast<std::uint32_t>(division), 2);
-    for (const std::string& one : tracks)
-        file += one;
-    return file;
-}
 
 MidiSong read(const std::string& file)
 {

@@ -18,7 +18,10 @@ class RecordingHost : public Host
     std::vector<Question> questions;
     std::deque<Answer> answers;  ///< taken from the front; No when empty
     std::vector<WString> opened; ///< openWithShell and editText
-    std::vector<WString> ran;    ///< runProgram: program, blank, words
+    std::vector<WString>
+        ran; ///< runProgram: program, blank, words; startInFolder: " in " and the folder
+    std::vector<ChooserRequest> choosers;           ///< of folders only the title
+    std::deque<WString> chosenFiles, chosenFolders; ///< as answers; nothing is chosen when empty
     WString clipboard;
     std::uint64_t nowMs = 0;
     std::int64_t wallMs = 0;
@@ -34,8 +37,16 @@ class RecordingHost : public Host
         answers.pop_front();
         return answer;
     }
-    std::optional<WString> chooseFile(const ChooserRequest&) override { return std::nullopt; }
-    std::optional<WString> chooseFolder(WStringView) override { return std::nullopt; }
+    std::optional<WString> chooseFile(const ChooserRequest& request) override
+    {
+        choosers.push_back(request);
+        return take(chosenFiles);
+    }
+    std::optional<WString> chooseFolder(WStringView title) override
+    {
+        choosers.emplace_back().title = title;
+        return take(chosenFolders);
+    }
     bool openWithShell(WStringView target) override
     {
         opened.emplace_back(target);
@@ -44,6 +55,11 @@ class RecordingHost : public Host
     bool runProgram(WStringView program, WStringView words) override
     {
         ran.push_back(WString(program) + u" " + WString(words));
+        return true;
+    }
+    bool startInFolder(WStringView program, WStringView folder) override
+    {
+        ran.push_back(WString(program) + u" in " + WString(folder));
         return true;
     }
     bool editText(WStringView path) override { return openWithShell(path); }
@@ -55,6 +71,15 @@ class RecordingHost : public Host
     bool isJapaneseUser() override { return japanese; }
 
   private:
+    static std::optional<WString> take(std::deque<WString>& from)
+    {
+        if (from.empty())
+            return std::nullopt;
+        WString first = std::move(from.front());
+        from.pop_front();
+        return first;
+    }
+
     Host* before;
 };
 

@@ -147,6 +147,32 @@ def wind():
     return looped(mixed((breath, 1.0, 0), (times(voice, swell), 2.6, 0)), 4.0)
 
 
+def shore():
+    """A lake that breathes against its shore, in stereo. The bell below is heard once, at the
+    beginning; behind it the water goes on for ever. Gives (channels, seconds before the loop)."""
+    intro, loop, swell = 4.0, 8.0, 4.0
+
+    def water(seed, late):
+        air = noise(loop + 1.5, seed)
+        wave = [(0.5 - 0.5 * math.cos(2 * math.pi * (i / RATE - late) / swell)) ** 2 for i in range(len(air))]
+        wash = lowpass(highpass(air, 160), lambda t: 380 + 1500 * (0.5 - 0.5 * math.cos(2 * math.pi * (t - late) / swell)) ** 3)
+        hiss = times(highpass(lowpass(air, 5200), 1800), [level ** 3 for level in wave])
+        return looped(mixed((lowpass(air, 140), 0.8, 0), (times(wash, [0.25 + level for level in wave]), 1.0, 0),
+                            (hiss, 0.5, 0)), loop)
+
+    toll = [0.0] * int(intro * RATE)
+    for ratio, tau, gain in ((0.5, 1.1, 0.30), (1.0, 0.75, 0.35), (1.183, 0.6, 0.25), (1.506, 0.45, 0.12)):
+        f = 147.0 * ratio
+        part = times(sweep(2.6, lambda t, f=f: f), decaying(2.6, tau, 0.030))
+        toll = mixed((toll, 1, 0), (shaped(part, [(0, 1), (2.0, 1), (2.6, 0)]), gain * 0.5, 1.2))
+    channels = []
+    for seed, late in ((111, 0.0), (112, 0.45)):
+        body = water(seed, late)
+        before = shaped(body[-int(intro * RATE):], [(0, 0), (1.5, 0.7), (intro, 1)])
+        channels.append(mixed((before, 1, 0), (toll[:len(before)], 1, 0)) + body)
+    return channels, intro
+
+
 # By path: what makes it, and how loud its loudest sample is. What plays once ends in silence.
 EFFECTS = {
     "SE/footstep.wav": (footstep, 0.70), "SE/footstep-grass.wav": (footstep_grass, 0.60),
@@ -155,3 +181,5 @@ EFFECTS = {
     "SE/stone.wav": (stone, 0.85),
 }
 LOOPS = {"BGS/drip.wav": (drip, 0.45), "BGS/wind.wav": (wind, 0.35)}
+# With a beginning that is heard once.
+STREAMS = {"BGS/shore.ogg": (shore, 0.40)}

@@ -9,7 +9,7 @@ import sys
 from pathlib import Path
 
 import synth
-from effects import EFFECTS, LOOPS
+from effects import EFFECTS, LOOPS, STREAMS
 from music import PIECES
 
 
@@ -21,6 +21,10 @@ def main(arguments):
         print(name, flush=True)
     for name, (make, peak) in LOOPS.items():
         synth.write(audio / name, make(), peak)
+        print(name, flush=True)
+    for name, (make, peak) in STREAMS.items():
+        channels, loopSeconds = make()
+        synth.write_ogg(audio / name, channels, peak, loopSeconds)
         print(name, flush=True)
     for name, compose in PIECES.items():
         song, loopBeat, endBeat = compose()

@@ -2,7 +2,10 @@
 
 import math
 import struct
+import subprocess
+import tempfile
 import wave
+from pathlib import Path
 from random import Random
 
 RATE = 44100
@@ -137,11 +140,27 @@ def settled(samples):
 
 def write(path, samples, peak=0.85):
     """Saves as 16-bit PCM, the loudest sample at `peak`."""
-    top = max(abs(sample) for sample in samples) or 1.0
-    values = [int(round(sample / top * peak * 32767)) for sample in samples]
+    _write_wave(path, [samples], peak)
+
+
+def write_ogg(path, channels, peak, loopSeconds):
+    """Saves as Ogg Vorbis with a loop from there to the end, by `oggenc` (package vorbis-tools)."""
+    loopStart = int(loopSeconds * RATE)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    with tempfile.TemporaryDirectory() as folder:
+        plain = Path(folder) / "plain.wav"
+        _write_wave(plain, channels, peak)
+        subprocess.run(["oggenc", "-Q", "-q", "0", "--serial", "1", "-c", f"LOOPSTART={loopStart}",
+                        "-c", f"LOOPLENGTH={len(channels[0]) - loopStart}", "-o", str(path), str(plain)],
+                       check=True)
+
+
+def _write_wave(path, channels, peak):
+    top = max(abs(sample) for samples in channels for sample in samples) or 1.0
+    values = [int(round(sample / top * peak * 32767)) for frame in zip(*channels) for sample in frame]
     path.parent.mkdir(parents=True, exist_ok=True)
     with wave.open(str(path), "wb") as file:
-        file.setnchannels(1)
+        file.setnchannels(len(channels))
         file.setsampwidth(2)
         file.setframerate(RATE)
         file.writeframes(struct.pack(f"<{len(values)}h", *values))

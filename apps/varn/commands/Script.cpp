@@ -1,10 +1,15 @@
+#include "Game/Compiler/Script.h"
+#include "Audio/AudioManager.h"
 #include "Context.h"
+#include "Frames.h"
 #include "Game/Compiler/Calculator.h"
 #include "Game/Compiler/CompileErrors.h"
 #include "Game/Compiler/Listing.h"
 #include "Game/Compiler/ScriptOutline.h"
+#include "Game/Compiler/Stage.h"
 #include "Game/Compiler/classes/Classes.h"
 #include "Game/Compiler/classes/game/GameClasses.h"
+#include "Game/Database/StringTable.h"
 #include "Game/GameResourceFile.h"
 
 #include <cstdio>
@@ -19,7 +24,7 @@ void registerClasses(const Arguments& arguments)
     if (arguments.has("--game"))
         registerGameClasses();
     else
-        registerStandardClasses();
+        registerEngineClasses();
 }
 
 std::optional<WString> readScript(Context& context, const WString& file)
@@ -86,16 +91,72 @@ Status check(Context& context, const Arguments& arguments)
     return status;
 }
 
+/// What lies around a script that runs here. Its sounds end with it.
+class Surroundings
+{
+  public:
+    explicit Surroundings(Context& context) : context(context)
+    {
+        stage.setResolutionHandler([this](int width, int height) { stage.setSize(width, height); });
+    }
+    ~Surroundings()
+    {
+        if (audio)
+            audio->stopAll();
+    }
+    Surroundings(const Surroundings&) = delete;
+    Surroundings& operator=(const Surroundings&) = delete;
+
+    ScriptServices services()
+    {
+        return {.settings = &context.session().getSettings(),
+                .input = &input,
+                .stage = &stage,
+                .audio = [this]() -> AudioManager& {
+                    audio = &AudioManager::instance();
+                    return *audio;
+                },
+                .texts = [this]() -> StringTable& {
+                    context.session().loadTexts();
+                    return StringTable::instance();
+                }};
+    }
+
+    InputState input;
+    Stage stage;
+
+  private:
+    Context& context;
+    AudioManager* audio = nullptr; // once a script has asked for it
+};
+
+Status savePicture(Stage& stage, const Script& script, const WString& file)
+{
+    const Script* const scripts[] = {&script};
+    Image picture(stage.compose(scripts));
+    if (picture.saveAs(file))
+        return Status::Done;
+    host().showMessage(u"Couldn't save " + file);
+    return Status::Failed;
+}
+
 Status run(Context& context, const Arguments& arguments)
 {
+    const Frames frames(arguments);
     registerClasses(arguments);
-    Interpreter script;
-    script.setServices({.settings = &context.session().getSettings()});
+    Surroundings around(context);
+    Script script;
+    script.setServices(around.services());
     script.setTraceListener([&context](WStringView text) { context.out().line(text); });
     if (!compile(context, script, arguments.text("FILE")))
         return Status::Failed;
-    script.execute();
-    return Status::Done;
+    if (frames.isEmpty())
+        script.execute();
+    else if (!frames.play(context, script, around.input))
+        return Status::Failed;
+    return arguments.has("--picture")
+               ? savePicture(around.stage, script, arguments.text("--picture"))
+               : Status::Done;
 }
 
 Status list(Context& context, const Arguments& arguments)
@@ -134,7 +195,7 @@ Status outline(Context& context, const Arguments& arguments)
 
 Status formula(Context& context, const Arguments& arguments)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     try {
         const int result = CalculatorManager::instance().evaluate(arguments.text("TEXT"), {});
         context.out().line(std::string_view(std::to_string(result)));
@@ -152,6 +213,17 @@ constexpr Option kOptions[] = {
     {.name = "--game", .help = "with the names of the game's own classes and functions"},
 };
 
+constexpr Option kRunOptions[] = {
+    kOptions[0],
+    {.name = "--picture",
+     .value = "OUT.png",
+     .help = "save what it shows at its end",
+     .takes = Takes::File},
+    Frames::kOptions[0],
+    Frames::kOptions[1],
+    Frames::kOptions[2],
+};
+
 constexpr Command kCommands[] = {
     {.words = "script check",
      .summary = "compile scripts and tell their errors",
@@ -164,11 +236,15 @@ constexpr Command kCommands[] = {
     {.words = "script run",
      .summary = "compile a script and run it; each trace prints a line",
      .arguments = kFile,
-     .options = kOptions,
+     .options = kRunOptions,
      .run = run,
      .details = "What ends the run before its time makes the status 1. The game's classes do "
-                "nothing here, and its trace prints nothing; in a batch they stay once asked for.",
-     .examples = "script run Scripts/Opening.txt"},
+                "nothing here, and its trace prints nothing; in a batch they stay once asked for. "
+                "Without --frames or a key there are no frames: waits for them are over at once. "
+                "With a key or a click and no --frames, a minute passes at the most. Frames take "
+                "no longer than the script does.",
+     .examples = "script run Scripts/Opening.txt\n"
+                 "script run Scripts/Menu.txt --key 10:Down --key 20:Enter --picture menu.png"},
     {.words = "script list",
      .summary = "print the instructions of a script",
      .arguments = kFile,

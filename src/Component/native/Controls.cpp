@@ -21,6 +21,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -414,6 +415,39 @@ NativeHandle Slider::makeHandle(NativeHandle parent)
     slider->setRange(least, most);
     QObject::connect(slider, &QSlider::valueChanged, slider, [this](int) { fireAction(); });
     return handleOf(slider);
+}
+
+void ScrollStrip::setRange(int whole, int page, int step)
+{
+    if (!handle)
+        return;
+    auto* const bar = widgetAs<QScrollBar>(handle);
+    const QSignalBlocker quiet(bar);
+    bar->setRange(0, std::max(0, whole - page));
+    bar->setPageStep(page);
+    bar->setSingleStep(step);
+}
+
+int ScrollStrip::getValue() const
+{
+    return handle ? widgetAs<QScrollBar>(handle)->value() : 0;
+}
+
+void ScrollStrip::setValue(int value)
+{
+    if (!handle)
+        return;
+    const QSignalBlocker quiet(widgetOf(handle));
+    widgetAs<QScrollBar>(handle)->setValue(value);
+}
+
+NativeHandle ScrollStrip::makeHandle(NativeHandle parent)
+{
+    auto* const bar = new QScrollBar(axis == Axis::Level ? Qt::Horizontal : Qt::Vertical,
+                                     widgetOf(parent));
+    bar->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(bar, &QScrollBar::valueChanged, bar, [this](int) { fireAction(); });
+    return handleOf(bar);
 }
 
 void ProgressBar::setValue(int value)

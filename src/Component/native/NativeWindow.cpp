@@ -121,8 +121,10 @@ void setMaximumHeight(NativeHandle handle, int height)
 
 void setFixedSize(NativeHandle handle, int width, int height)
 {
-    if (handle)
-        widgetOf(handle)->setFixedSize(width, height);
+    if (handle && width > 0)
+        widgetOf(handle)->setFixedWidth(width);
+    if (handle && height > 0)
+        widgetOf(handle)->setFixedHeight(height);
 }
 
 void setTitle(NativeHandle handle, WStringView text)

@@ -8,6 +8,7 @@
 
 #include <QBoxLayout>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QScrollArea>
 #include <QSplitter>
@@ -195,6 +196,32 @@ BoxLayout& BoxLayout::addStretch()
 BoxLayout& BoxLayout::addSpace(int pixels)
 {
     boxOf(pane).addSpacing(pixels);
+    return *this;
+}
+
+GridLayout::GridLayout(BaseWindow& pane, int gap, BoxLayout::Margin margin) : pane(pane)
+{
+    auto* const grid = new QGridLayout(widgetOf(pane.getHandle()));
+    setMargin(*grid, margin);
+    grid->setSpacing(gap);
+}
+
+static QGridLayout& gridOf(BaseWindow& pane)
+{
+    return *static_cast<QGridLayout*>(widgetOf(pane.getHandle())->layout());
+}
+
+GridLayout& GridLayout::add(BaseWindow& child, int column, int row)
+{
+    make(child, pane);
+    gridOf(pane).addWidget(widgetOf(child.getHandle()), row, column);
+    return *this;
+}
+
+GridLayout& GridLayout::stretch(int column, int row)
+{
+    gridOf(pane).setColumnStretch(column, 1);
+    gridOf(pane).setRowStretch(row, 1);
     return *this;
 }
 

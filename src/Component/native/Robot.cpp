@@ -199,6 +199,19 @@ NativeHandle findByText(NativeHandle window, WStringView text)
     return nullptr;
 }
 
+NativeHandle findField(NativeHandle window, WStringView text)
+{
+    const QString wanted = toQt(text);
+    for (const QLabel* const label : widgetOf(window)->findChildren<QLabel*>()) {
+        QString words = plain(label->text());
+        while (words.endsWith(QLatin1Char(':')))
+            words.chop(1);
+        if (label->buddy() && words == wanted)
+            return handleOf(label->buddy());
+    }
+    return findByText(window, text);
+}
+
 void later(int milliseconds, std::function<void()> action)
 {
     QTimer::singleShot(milliseconds, qApp, std::move(action));

@@ -41,6 +41,9 @@ NativeHandle focused();
 NativeHandle frontDialog();
 /// A control below a window by its shown text, mnemonic left out; null: none.
 NativeHandle findByText(NativeHandle window, WStringView text);
+/// The field below a window that a label names, by the label's text without mnemonic and colon; or
+/// the button of that text; null: there is neither.
+NativeHandle findField(NativeHandle window, WStringView text);
 /// Runs an action a little later, as a dialog is waiting.
 void later(int milliseconds, std::function<void()> action);
 

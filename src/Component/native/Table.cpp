@@ -392,6 +392,8 @@ void Table::setSortable(bool sortable)
 {
     if (!implementation->view)
         return;
+    // Rows stand in the model's order until a header is clicked.
+    implementation->view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     implementation->view->setSortingEnabled(sortable);
     if (sortable)
         implementation->order.sort(-1);

@@ -39,6 +39,21 @@ TreeItem* itemOf(const QTreeWidgetItem* line)
     return line ? reinterpret_cast<TreeItem*>(line->data(0, kItemRole).value<quintptr>()) : nullptr;
 }
 
+/// A line that shows its item's text with the mark and is edited without it.
+class Line final : public QTreeWidgetItem
+{
+  public:
+    explicit Line(const WString& mark) : mark(toQt(WStringView(mark))) {}
+    QVariant data(int column, int role) const override
+    {
+        const QVariant value = QTreeWidgetItem::data(column, role);
+        return role == Qt::DisplayRole ? value.toString() + mark : value;
+    }
+
+  private:
+    QString mark;
+};
+
 } // namespace
 
 /// The toolkit's tree, with lines for the items.
@@ -58,6 +73,8 @@ class NativeTree final : public QTreeWidget
                 [this](QTreeWidgetItem* line) { tell(line, &TreeViewListener::itemActivated); });
         connect(this, &QTreeWidget::itemChanged, this,
                 [this](QTreeWidgetItem* line) { renamed(line); });
+        connect(this, &QTreeWidget::itemChanged, this,
+                [this](QTreeWidgetItem* line) { checked(line); });
         connect(this, &QTreeWidget::itemExpanded, this,
                 [this](QTreeWidgetItem* line) { expanded(line, true); });
         connect(this, &QTreeWidget::itemCollapsed, this,
@@ -133,7 +150,7 @@ class NativeTree final : public QTreeWidget
     }
     QTreeWidgetItem* makeLine(TreeItem& item) const
     {
-        auto* const line = new QTreeWidgetItem; // owned by its parent
+        auto* const line = new Line(item.mark); // owned by its parent
         line->setText(0, toQt(WStringView(item.text)));
         line->setData(0, kItemRole, QVariant::fromValue(reinterpret_cast<quintptr>(&item)));
         if (!item.icon.empty())
@@ -145,6 +162,10 @@ class NativeTree final : public QTreeWidget
             flags.setFlag(Qt::ItemIsDropEnabled, view.canHoldItems(item));
         }
         line->setFlags(flags);
+        if (item.checked) {
+            line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
+            line->setCheckState(0, *item.checked ? Qt::Checked : Qt::Unchecked);
+        }
         if (item.bold) {
             QFont font = line->font(0);
             font.setBold(true);
@@ -173,13 +194,23 @@ class NativeTree final : public QTreeWidget
     void renamed(QTreeWidgetItem* line)
     {
         TreeItem* const item = itemOf(line);
-        const WString text = fromQt(line->text(0));
+        const WString text = fromQt(line->data(0, Qt::EditRole).toString());
         if (!item || text == item->text)
             return;
         if (!view.listener || view.listener->itemRenamed(*item, text))
             item->text = text;
         const QSignalBlocker quiet(this);
         line->setText(0, toQt(WStringView(item->text)));
+    }
+    void checked(const QTreeWidgetItem* line)
+    {
+        TreeItem* const item = itemOf(line);
+        const bool isChecked = line->checkState(0) == Qt::Checked;
+        if (!item || !item->checked || *item->checked == isChecked)
+            return;
+        item->checked = isChecked;
+        if (view.listener)
+            view.listener->itemChecked(*item);
     }
     void expanded(const QTreeWidgetItem* line, bool open)
     {

@@ -26,6 +26,8 @@ using native::widgetOf;
 
 namespace {
 
+/// What has a wording in the language in force; anything else, such as a sentence with a path in it,
+/// as it is.
 QString translated(WStringView english)
 {
     return toQt(WStringView(translate(english)));
@@ -53,7 +55,7 @@ QString filterOf(const ChooserRequest& request)
 
 void WindowHost::showMessage(WStringView text)
 {
-    QMessageBox box(QMessageBox::Information, toQt(kMakerName), toQt(text), QMessageBox::NoButton,
+    QMessageBox box(QMessageBox::Information, toQt(kMakerName), translated(text), QMessageBox::NoButton,
                     parentForBoxes());
     box.addButton(translated(u"OK"), QMessageBox::AcceptRole);
     box.exec();
@@ -62,7 +64,7 @@ void WindowHost::showMessage(WStringView text)
 Answer WindowHost::ask(const Question& question)
 {
     QMessageBox box(QMessageBox::Question, toQt(WStringView(question.caption)),
-                    toQt(WStringView(question.text)), QMessageBox::NoButton, parentForBoxes());
+                    translated(question.text), QMessageBox::NoButton, parentForBoxes());
     const QPushButton* const yes = box.addButton(translated(u"Yes"), QMessageBox::YesRole);
     const QPushButton* const no = box.addButton(translated(u"No"), QMessageBox::NoRole);
     if (question.buttons == Buttons::YesNoCancel) {
@@ -82,7 +84,7 @@ Answer WindowHost::ask(const Question& question)
 
 std::optional<WString> WindowHost::chooseFile(const ChooserRequest& request)
 {
-    const QString title = toQt(WStringView(request.title));
+    const QString title = translated(request.title);
     const QString start = toQt(WStringView(request.suggestedName));
     const QString chosen =
         request.forSaving
@@ -97,7 +99,7 @@ std::optional<WString> WindowHost::chooseFile(const ChooserRequest& request)
 
 std::optional<WString> WindowHost::chooseFolder(WStringView title)
 {
-    const QString chosen = QFileDialog::getExistingDirectory(parentForBoxes(), toQt(title));
+    const QString chosen = QFileDialog::getExistingDirectory(parentForBoxes(), translated(title));
     if (chosen.isEmpty())
         return std::nullopt;
     return fromQt(chosen);
@@ -114,6 +116,11 @@ bool WindowHost::openWithShell(WStringView target)
 bool WindowHost::runProgram(WStringView program, WStringView words)
 {
     return QProcess::startDetached(toQt(program), QProcess::splitCommand(toQt(words)));
+}
+
+bool WindowHost::startInFolder(WStringView program, WStringView folder)
+{
+    return QProcess::startDetached(toQt(program), {}, toQt(folder));
 }
 
 bool WindowHost::editText(WStringView path)

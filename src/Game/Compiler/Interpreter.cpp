@@ -5,6 +5,7 @@
 #include "Game/Compiler/SQClassDef.h"
 #include "Util/Host.h"
 
+#include <algorithm>
 #include <cassert>
 
 namespace varn {
@@ -117,6 +118,20 @@ OperandData Interpreter::pop()
     assert(call->pushed);
     call->pushed = false;
     return call->result;
+}
+
+OperandData Interpreter::callFunction(const OperandData& function,
+                                      std::span<const OperandData> arguments)
+{
+    return machine->callFunction(*function.asFunction(), arguments);
+}
+
+void Interpreter::setMember(MemberTable& table, std::string_view name, const OperandData& value)
+{
+    const auto& names = compiler->getProgram()->names;
+    const auto found = std::find(names.begin(), names.end(), name);
+    if (found != names.end())
+        values.ensureMember(table, static_cast<std::uint32_t>(found - names.begin())) = value;
 }
 
 void Interpreter::markRoots(Marker& marker)

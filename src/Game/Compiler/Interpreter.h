@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -86,9 +87,16 @@ class Interpreter : public ScriptThread
     void push(const OperandData& value) { call->push(value); }
     OperandData pop();
     Heap& heap() { return values; }
+    /// Waits for the next frame; false at once where nobody signals frames. What happened meanwhile
+    /// is told to those who listen before it returns.
+    virtual bool nextFrame() { return park(); }
 
   protected:
     int run() override;
+    /// Calls a function of the script from within a native, with 0 for what is missing.
+    OperandData callFunction(const OperandData& function, std::span<const OperandData> arguments);
+    /// Sets a member of a table; one that the script names nowhere is left out.
+    void setMember(MemberTable& table, std::string_view name, const OperandData& value);
     /// Values beyond stack and globals that must stay alive.
     virtual void markRoots(Marker& marker);
 

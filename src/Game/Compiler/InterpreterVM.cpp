@@ -116,6 +116,8 @@ inline std::uint64_t siteKey(const OperandData& receiver)
 // clang-format off
 #define CASE(name) label##name
 #define SAVE() (this->pc = pc, this->frame = R)
+// A native may have called script functions, and those have moved the stack.
+#define RELOAD() (R = this->frame, G = stack.get() + kHeader)
 #define DISPATCH()                                                                                 \
     do {                                                                                           \
         if constexpr (counted) {                                                                   \
@@ -499,8 +501,9 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
     CASE(CallValue): CALL_VALUE(B);
     CASE(CallNative): {
         SAVE();
-        callNative(program.natives[static_cast<std::size_t>(pc[1].wide())], &at(R, pc->a), pc->c,
-                   B);
+        callNative(program.natives[static_cast<std::size_t>(pc[1].wide())], &at(R, pc->a), pc->c);
+        RELOAD();
+        copy(B, *G);
         ++pc;
         NEXT();
     }
@@ -518,6 +521,7 @@ InterpreterVM::State InterpreterVM::interpret(std::uint64_t& budget)
         }
         NativeCall call{owner, heap, receiver, &at(R, pc->c), static_cast<int>(site.count)};
         site.cached->thunk(call);
+        RELOAD();
         copy(at(R, pc[1].a), call.pushed ? call.result : fallbackResult());
         if (heap.wantsCollection()) [[unlikely]]
             collect();

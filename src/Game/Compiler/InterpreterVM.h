@@ -5,7 +5,9 @@
 
 #include <atomic>
 #include <memory>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace varn {
 
@@ -47,6 +49,11 @@ class InterpreterVM
     /// Back to the first instruction. Cheap when nothing in the stack can name a value of the heap.
     void restart(StackContents contents);
 
+    /// For natives: runs a script function above the frame that called them, to its end, and gives
+    /// its result. Arguments that are missing are 0. Does not return when the script ends
+    /// meanwhile.
+    OperandData callFunction(const FunctionCode& function, std::span<const OperandData> arguments);
+
     OperandData& global(std::uint32_t slot) { return stack[kHeader + slot]; }
     void markRoots(Marker& marker);
 
@@ -84,8 +91,7 @@ class InterpreterVM
     // Calls of natives.
     bool findMethod(CallSite& site, const OperandData& receiver);
     const FunctionCode* memberFunction(const CallSite& site, const OperandData& receiver) const;
-    void callNative(const NativeReference& native, const OperandData* first, int count,
-                    OperandData& target);
+    void callNative(const NativeReference& native, const OperandData* first, int count);
     OperandData refuse(const CallSite& site, const OperandData& receiver);
     OperandData fallbackResult() { return OperandData::integer(global(0).toInt()); }
 
@@ -103,7 +109,10 @@ class InterpreterVM
     const std::atomic<bool>& stopRequested;
     const FunctionCode& top; ///< of the program
     std::unique_ptr<OperandData[]> stack;
-    std::size_t cells = 0;         ///< of the stack
+    std::size_t cells = 0; ///< of the stack
+    int nesting = 0;       ///< natives that called a script function and wait for it
+    /// Stacks that were outgrown meanwhile: such a native's arguments lie in one.
+    std::vector<std::unique_ptr<OperandData[]>> outgrown;
     OperandData* usable = nullptr; ///< end of the cells that may be used before `enterFrame`
     OperandData* frame = nullptr; ///< registers of the frame that runs; saved where a call may look
     const Instruction* pc = nullptr; ///< the instruction that runs; likewise

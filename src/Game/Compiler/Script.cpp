@@ -1,6 +1,11 @@
 #include "Game/Compiler/Script.h"
 
+#include "Game/Compiler/Program.h"
+#include "Game/Compiler/classes/engine/Drawable.h"
+#include "Input/InputState.h"
+
 #include <algorithm>
+#include <span>
 
 namespace varn {
 
@@ -44,14 +49,9 @@ void changeListeners(Interpreter& vm, ListenerChange change, WStringView functio
     vm.setReturn(OperandData::boolean(done));
 }
 
-bool isDrawable(const OperandData& value)
-{
-    return value.isBoxed() && (value.className() == "Graphics" || value.className() == "Image");
-}
-
 void changeChildren(Interpreter& vm, ChildChange change, WStringView function)
 {
-    if (vm.getTop() != 1 || !isDrawable(vm.getOperand(0)))
+    if (vm.getTop() != 1 || !pictureOf(vm.getOperand(0)))
         throw InterpreterException(u"the parameter must be a Graphics or Image object.",
                                    WString(function));
     auto* script = dynamic_cast<Script*>(&vm);
@@ -91,7 +91,57 @@ void Script::reset()
 {
     eventListeners.clear();
     children.clear();
+    delivering = false;
     Interpreter::reset();
+}
+
+bool Script::nextFrame()
+{
+    if (!park())
+        return false;
+    if (!delivering && !eventListeners.empty()) {
+        delivering = true;
+        deliverEvents();
+        delivering = false;
+    }
+    return true;
+}
+
+void Script::deliverEvents()
+{
+    const InputState* input = getServices().input;
+    for (const InputEvent& each : input ? input->getEvents() : std::vector<InputEvent>())
+        deliver(each.isClick() ? u"click" : u"keyDown", &each);
+    deliver(u"enterFrame", nullptr);
+}
+
+/// A listener may add and remove others; those removed are called no more.
+void Script::deliver(WStringView event, const InputEvent* input)
+{
+    for (const OperandData& each : std::vector(listenersOf(event))) {
+        const auto& still = listenersOf(event);
+        if (isStopRequested() ||
+            std::none_of(still.begin(), still.end(),
+                         [&each](const OperandData& kept) { return kept.equals(each); }))
+            continue;
+        const bool asks = each.asFunction()->parameters > 0;
+        const OperandData told = asks ? describe(event, input) : OperandData();
+        callFunction(each, std::span(&told, asks ? 1 : 0));
+    }
+}
+
+OperandData Script::describe(WStringView event, const InputEvent* input)
+{
+    MemberTable* table = heap().makeTable();
+    setMember(*table, "type", heap().makeString(event));
+    if (input && input->isClick()) {
+        setMember(*table, "x", OperandData::integer(input->x));
+        setMember(*table, "y", OperandData::integer(input->y));
+        setMember(*table, "button", OperandData::integer(input->key));
+    } else if (input) {
+        setMember(*table, "keyCode", OperandData::integer(input->key));
+    }
+    return OperandData::table(table);
 }
 
 void Script::markRoots(Marker& marker)
@@ -139,6 +189,8 @@ void ScriptEngine::startEvent(WStringView name, WString text)
 
 void ScriptEngine::signalFrame()
 {
+    if (services.input)
+        services.input->beginFrame();
     for (const auto& script : scripts)
         script->resume();
     for (const auto& script : scripts)

@@ -8,8 +8,15 @@
 
 namespace varn {
 
+struct InputEvent;
+
 /// The interpreter of game events and of the script window: it also keeps what a script listens to
 /// and what it shows.
+///
+/// Listeners are called on the script's own thread while it waits, once a frame: "keyDown" for each
+/// key that was typed, "click" for each click, then "enterFrame". A listener that takes an argument
+/// gets a table with `type`, and with `keyCode`, or `x`, `y` and `button`. While a listener itself
+/// waits, no other is called; and when the script has ended, none is.
 class Script : public Interpreter
 {
   public:
@@ -27,13 +34,19 @@ class Script : public Interpreter
     const std::vector<OperandData>& getChildren() const { return children; }
 
     void reset() override;
+    bool nextFrame() override;
 
   protected:
     void markRoots(Marker& marker) override;
 
   private:
+    void deliverEvents();
+    void deliver(WStringView event, const InputEvent* input);
+    OperandData describe(WStringView event, const InputEvent* input);
+
     std::map<WString, std::vector<OperandData>, std::less<>> eventListeners;
     std::vector<OperandData> children;
+    bool delivering = false;
 };
 
 /// The natives of scripts on them; each leaves a boolean in `_ret`. They throw when the arguments
@@ -55,10 +68,13 @@ class ScriptEngine
     /// Compiles and starts a script, and returns when it parks for the first time or has ended. One
     /// that never waits has done everything by then. Throws std::string with the compile errors.
     void startEvent(WStringView name, WString text);
-    /// The signal of a frame: every parked script goes on, until it parks again or ends.
+    /// The signal of a frame: what was typed until now becomes visible, and every parked script
+    /// goes on, until it parks again or ends.
     void signalFrame();
     void stopAll() { scripts.clear(); }
     std::size_t count() const { return scripts.size(); }
+    /// For the stage.
+    const std::vector<std::unique_ptr<Script>>& getScripts() const { return scripts; }
 
   private:
     std::vector<std::unique_ptr<Script>> scripts;

@@ -1,27 +1,24 @@
 #pragma once
 
+#include <functional>
+
 namespace varn {
 
+class AudioManager;
+class InputState;
 class Settings;
+class Stage;
+class StringTable;
 
-/// What the input layer tells scripts that wait for a key. Asked on the script's thread, while the
-/// host waits for it.
-class ScriptKeys
-{
-  public:
-    virtual ~ScriptKeys() = default;
-
-    /// The key that means yes was just pressed: the A button's, or Enter.
-    virtual bool isOkKeyTyped() const = 0;
-    /// Any key was just pressed.
-    virtual bool isAnyKeyTyped() const = 0;
-};
-
-/// What lies around a script and that its classes reach: borrowed, null where there is none.
+/// What lies around a script and that its classes reach: borrowed, null or empty where there is
+/// none. What is a function is asked for at the first use, since most scripts never do.
 struct ScriptServices
 {
     Settings* settings = nullptr; ///< the file that IniFile works on; without it nothing is kept
-    const ScriptKeys* keys = nullptr; ///< without it no key is ever typed
+    InputState* input = nullptr;  ///< without it no key is ever typed
+    Stage* stage = nullptr;       ///< the screen; without it its size is 0
+    std::function<AudioManager&()> audio = {}; ///< without it nothing is heard
+    std::function<StringTable&()> texts = {};  ///< the game's fixed texts; without it none
 };
 
 } // namespace varn

@@ -6,6 +6,7 @@
 #include "Util/Host.h"
 
 #include <algorithm>
+#include <array>
 #include <new>
 
 // Of InterpreterVM: set-up, faults, and the instructions' slower halves.
@@ -19,6 +20,14 @@ static std::size_t registersOf(const FunctionCode& function)
 }
 
 using Severity = InterpreterException::Severity;
+
+namespace {
+
+/// The script ended, or was stopped, in a function that a native called.
+struct RunOver
+{};
+
+} // namespace
 
 InterpreterVM::InterpreterVM(Interpreter& owner, Heap& heap, Program& program,
                              const std::atomic<bool>& stopRequested)
@@ -34,6 +43,8 @@ InterpreterVM::~InterpreterVM() = default;
 
 void InterpreterVM::enterTopLevel()
 {
+    nesting = 0;
+    outgrown.clear();
     stack[0].head = top.headerWord();
     frame = stack.get() + kHeader;
     const std::size_t registers = registersOf(top);
@@ -64,7 +75,11 @@ InterpreterVM::State InterpreterVM::run(std::uint64_t budget)
             reached = counted ? interpret<true>(budget) : interpret<false>(budget);
             if (reached == State::Running)
                 break; // the budget is used up
+        } catch (const RunOver&) {
+            break;
         } catch (const InterpreterException& fault) {
+            if (reached != State::Running)
+                throw; // it was told where it happened
             if (fault.isFatal() || !inNative())
                 end(fault.getMessage(), fault.getFunction());
             recover(fault.getMessage(), fault.getFunction());
@@ -166,6 +181,10 @@ OperandData* InterpreterVM::makeRoom(OperandData* base, const FunctionCode& func
         auto moved = std::make_unique<OperandData[]>(grown);
         std::copy(stack.get(), usable, moved.get());
         frame = moved.get() + (frame - stack.get());
+        if (nesting > 0)
+            outgrown.push_back(std::move(stack));
+        else
+            outgrown.clear();
         stack = std::move(moved);
         cells = grown;
     }
@@ -353,17 +372,49 @@ OperandData InterpreterVM::refuse(const CallSite& site, const OperandData& recei
     return fallbackResult();
 }
 
-void InterpreterVM::callNative(const NativeReference& native, const OperandData* first, int count,
-                               OperandData& target)
+/// The result is in `_ret` then.
+void InterpreterVM::callNative(const NativeReference& native, const OperandData* first, int count)
 {
     NativeCall call{owner, heap, {}, first, count};
     {
         const NativeFrame entered(call);
         native.function(owner);
     }
-    target = global(0);
     if (heap.wantsCollection())
         collect();
+}
+
+OperandData InterpreterVM::callFunction(const FunctionCode& function,
+                                        std::span<const OperandData> arguments)
+{
+    const Instruction* const caller = pc;
+    NativeCall* const served = owner.call;
+    const std::size_t header = liveCells();
+    OperandData* base = stack.get() + header + kHeader;
+    if (base + registersOf(function) > usable)
+        base = makeRoom(base, function);
+    for (std::uint32_t i = 0; i < function.parameters; ++i)
+        base[i] = i < arguments.size() ? arguments[i] : OperandData::integer(0);
+
+    // Where the function returns to: the end of this run. What stands before tells, as behind any
+    // call, how far the header lies from the registers below.
+    std::array<Instruction, 2> landing{};
+    landing[0].a = static_cast<std::uint16_t>(
+        (header - static_cast<std::size_t>(frame - stack.get())) * kRegisterStep);
+    landing[1].opcode = Opcode::Halt;
+    base[-1].head = function.headerWord();
+    base[-1].bits = reinterpret_cast<std::uint64_t>(&landing[1]);
+    frame = base;
+    pc = function.start;
+    ++nesting;
+    run(kUnlimited);
+    --nesting;
+    if (reached != State::Ended || pc != &landing[1])
+        throw RunOver();
+    reached = State::Running;
+    pc = caller;
+    owner.call = served;
+    return stack[header];
 }
 
 } // namespace varn

@@ -135,6 +135,12 @@ GameEvent& EventManager::add(std::unique_ptr<GameEvent> event)
     return *events.emplace_back(std::move(event));
 }
 
+GameEvent& EventManager::replace(std::size_t index, std::unique_ptr<GameEvent> event)
+{
+    assert(event);
+    return *(events.at(index) = std::move(event));
+}
+
 std::unique_ptr<GameEvent> EventManager::remove(std::size_t index)
 {
     std::unique_ptr<GameEvent> event = std::move(events.at(index));

@@ -84,6 +84,8 @@ class EventManager
     const std::vector<std::unique_ptr<GameEvent>>& list() const { return events; }
 
     GameEvent& add(std::unique_ptr<GameEvent> event);
+    /// Puts an event into the place of another, which dies.
+    GameEvent& replace(std::size_t index, std::unique_ptr<GameEvent> event);
     std::unique_ptr<GameEvent> remove(std::size_t index);
     void clear() { events.clear(); }
 

@@ -29,8 +29,8 @@ class MiddleOfCells
     std::int64_t count, sumX = 0, sumY = 0;
 };
 
-/// Where no event is covered, as near to the middle as can be; where that is nowhere, in the
-/// middle.
+/// Where no event and no other name is covered, as near to the middle as can be; where that is
+/// nowhere, in the middle.
 class LabelPlacer
 {
   public:
@@ -44,13 +44,14 @@ class LabelPlacer
                 taken[indexOf(event->x, event->y)] = true;
     }
 
-    std::optional<AreaLabel> place(const AreaModel& area) const
+    /// Later names keep clear of this one too.
+    std::optional<AreaLabel> place(const AreaModel& area)
     {
         const auto& cells = area.getCoordinates();
         const MiddleOfCells middle(cells);
         AreaLabel label{
             area.number, area.name.empty() ? toDecimal(area.number) : widen(area.name), {}};
-        const int width = raster().measureText(font, label.text);
+        const int width = fit(label.text, widthOf(cells));
         const AreaModel::Coodinate* best = nullptr;
         std::int64_t bestWay = 0;
         for (const AreaModel::Coodinate& cell : cells) {
@@ -65,11 +66,13 @@ class LabelPlacer
         if (!best)
             return std::nullopt;
         label.place = rectAt(*best, width);
+        forEachCellUnder(label.place, best->y, [&](std::size_t cell) { taken[cell] = true; });
         return label;
     }
 
   private:
     static constexpr std::int64_t kCovers = std::int64_t{1} << 40; ///< more than any way
+    static constexpr std::size_t kLeastUnits = 3;                  ///< of a name that is cut
 
     bool isOnMap(int x, int y) const { return x >= 0 && x < map.cols && y >= 0 && y < map.rows; }
     std::size_t indexOf(int x, int y) const
@@ -86,29 +89,53 @@ class LabelPlacer
         const int x = std::max(left, std::min(right, place.x + (place.width - width) / 2));
         return {x, place.y + (place.height - height) / 2, width, height};
     }
+    /// Device pixels that the name of an area may take: from its first column to its last, and a
+    /// cell more.
+    int widthOf(const std::vector<AreaModel::Coodinate>& cells) const
+    {
+        const auto [first, last] = std::minmax_element(
+            cells.begin(), cells.end(), [](const auto& a, const auto& b) { return a.x < b.x; });
+        return (last->x - first->x + 2) * view.deviceTile();
+    }
+    /// Cuts the text, "Charnel of.", until it fits. @returns its width
+    int fit(WString& text, int room) const
+    {
+        int width = raster().measureText(font, text);
+        for (std::size_t kept = text.size(); width > room && kept > kLeastUnits;) {
+            text.resize(--kept);
+            text += u'.';
+            width = raster().measureText(font, text);
+        }
+        return width;
+    }
+    template <class Visit>
+    void forEachCellUnder(const Rect& label, int row, Visit visit) const
+    {
+        const int side = view.deviceTile(), left = view.deviceOrigin().x;
+        const int last = std::min(map.cols - 1, (label.right - 1 - left) / side);
+        for (int x = (label.left - left) / side; x <= last; ++x)
+            visit(indexOf(x, row));
+    }
     bool isFree(const AreaModel::Coodinate& cell, int width) const
     {
-        const Rect rect = rectAt(cell, width);
-        const int side = view.deviceTile(), left = view.deviceOrigin().x;
-        const int last = std::min(map.cols - 1, (rect.right - 1 - left) / side);
-        for (int x = (rect.left - left) / side; x <= last; ++x)
-            if (taken[indexOf(x, cell.y)])
-                return false;
-        return true;
+        bool free = true;
+        forEachCellUnder(rectAt(cell, width), cell.y,
+                         [&](std::size_t under) { free = free && !taken[under]; });
+        return free;
     }
 
     const WizMap& map;
     const CanvasView& view;
     FontSpec font;
     int height;
-    std::vector<bool> taken; ///< cells of events
+    std::vector<bool> taken; ///< cells under events and names
 };
 
 } // namespace
 
 FontSpec areaLabelFont(const CanvasView& view)
 {
-    return {.height = view.toDevice(12), .antialias = true};
+    return {.height = view.toDevice(view.tileSize < 28 ? 11 : 12), .antialias = true};
 }
 
 std::vector<AreaLabel> placeAreaLabels(const WizMap& map, const CanvasView& view)
@@ -116,7 +143,7 @@ std::vector<AreaLabel> placeAreaLabels(const WizMap& map, const CanvasView& view
     std::vector<AreaLabel> labels;
     if (map.areas.empty())
         return labels;
-    const LabelPlacer placer(map, view);
+    LabelPlacer placer(map, view);
     for (const AreaModel& area : map.areas.list())
         if (auto label = placer.place(area))
             labels.push_back(std::move(*label));

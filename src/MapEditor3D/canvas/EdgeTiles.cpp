@@ -207,36 +207,6 @@ void turnLightness(Bitmap& bitmap)
     }
 }
 
-/// The part of a picture that is not clear; at least a pixel.
-Rect inkOf(const Bitmap& bitmap)
-{
-    int left = bitmap.getWidth(), top = bitmap.getHeight(), right = 0, bottom = 0;
-    for (int y = 0; y < bitmap.getHeight(); ++y) {
-        for (int x = 0; x < bitmap.getWidth(); ++x) {
-            if (bitmap.getPixelValue(x, y) >> 24 == 0)
-                continue;
-            left = std::min(left, x);
-            right = std::max(right, x + 1);
-            top = std::min(top, y);
-            bottom = y + 1;
-        }
-    }
-    return right == 0 ? Rect(0, 0, 1, 1) : Rect(left, top, right - left, bottom - top);
-}
-
-Image cutOut(const Image& source, const Rect& part)
-{
-    Image cut;
-    cut.create(part.width, part.height);
-    cut.getBitmap().setAlphaChannel(true);
-    cut.getBitmap().setColorKeyEnabled(false);
-    for (int y = 0; y < part.height; ++y)
-        for (int x = 0; x < part.width; ++x)
-            cut.getBitmap().setPixelRgba(x, y,
-                                         source.getBitmap().getPixelValue(part.x + x, part.y + y));
-    return cut;
-}
-
 } // namespace
 
 int wallThickness(int side)
@@ -265,11 +235,11 @@ EdgeTiles::Tile& EdgeTiles::tile(int kind, EdgeRun run)
     if (inStrip)
         return tiles.emplace(key, makeFromStrip(kind, run)).first->second;
     const Glyph glyph = EdgeGlyph(side, run, palette).make(kind);
-    return tiles
-        .emplace(key, Tile{render(glyph),
-                           renderHalo(glyph, palette.halo,
-                                      std::max(1.F, static_cast<float>(side) * 0.035F), 0.7F)})
-        .first->second;
+    Tile made{render(glyph),
+              renderHalo(glyph, palette.halo, std::max(1.F, static_cast<float>(side) * 0.035F), 1)};
+    made.stroke.trim();
+    made.halo.trim();
+    return tiles.emplace(key, std::move(made)).first->second;
 }
 
 /// The strip's tile is centred on its edge.
@@ -280,10 +250,10 @@ EdgeTiles::Tile EdgeTiles::makeFromStrip(int kind, EdgeRun run) const
     Image scaled = scaledPart(*strip, part, side, side);
     if (palette.dark)
         turnLightness(scaled.getBitmap());
-    const Rect ink = inkOf(scaled.getBitmap());
     Tile made;
-    made.stroke.corner = {ink.x - side / 2, ink.y - side / 2};
-    made.stroke.picture = cutOut(scaled, ink);
+    made.stroke.corner = {-side / 2, -side / 2};
+    made.stroke.picture = std::move(scaled);
+    made.stroke.trim();
     return made;
 }
 

@@ -1,5 +1,7 @@
 #include "MapEditor3D/canvas/Glyph.h"
 
+#include "Graphics/Blit.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -150,8 +152,46 @@ GlyphShape::Extent GlyphShape::extent() const
     return {all.left - radius, all.top - radius, all.right + radius, all.bottom + radius};
 }
 
+void PlacedPicture::trim()
+{
+    const Bitmap& bitmap = picture.getBitmap();
+    int left = bitmap.getWidth(), top = bitmap.getHeight(), right = 0, bottom = 0;
+    std::uint32_t all = 0xFF;
+    const auto alphaAt = [&](int x, int y) { return bitmap.getPixelValue(x, y) >> 24; };
+    for (int y = 0; y < bitmap.getHeight(); ++y) {
+        for (int x = 0; x < bitmap.getWidth(); ++x) {
+            if (alphaAt(x, y) == 0)
+                continue;
+            left = std::min(left, x);
+            right = std::max(right, x + 1);
+            top = std::min(top, y);
+            bottom = y + 1;
+        }
+    }
+    if (right == 0)
+        return;
+    Image cut;
+    cut.create(right - left, bottom - top);
+    cut.getBitmap().setAlphaChannel(true);
+    cut.getBitmap().setColorKeyEnabled(false);
+    for (int y = top; y < bottom; ++y) {
+        for (int x = left; x < right; ++x) {
+            cut.getBitmap().setPixelRgba(x - left, y - top, bitmap.getPixelValue(x, y));
+            all &= alphaAt(x, y);
+        }
+    }
+    opaque = all == 0xFF;
+    corner = {corner.x + left, corner.y + top};
+    picture = std::move(cut);
+}
+
 void PlacedPicture::draw(Graphics& target, Point middle, double opacity)
 {
+    if (opaque && opacity == 1) {
+        copyBitmap(target.getBitmap(), picture.getBitmap(), middle.x + corner.x,
+                   middle.y + corner.y);
+        return;
+    }
     picture.opacity = opacity;
     target.drawImage(picture, middle.x + corner.x, middle.y + corner.y);
 }

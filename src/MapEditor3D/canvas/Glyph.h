@@ -69,7 +69,10 @@ struct PlacedPicture
 {
     Image picture;
     Point corner;
+    bool opaque = false; ///< no pixel of it lets anything through: it can be copied
 
+    /// Leaves out what is clear around the picture, and looks whether it can be copied.
+    void trim();
     void draw(Graphics& target, Point middle, double opacity = 1);
 };
 

@@ -118,7 +118,7 @@ void MapPainter::tileSelected(int)
     if (editor.getMode() == EditorMode::Area)
         invalidate(); // the area that is painted stands out
     else
-        markHover();
+        gestureChanged();
 }
 
 void MapPainter::eventSelected(std::optional<std::size_t>)

@@ -196,8 +196,7 @@ void SheetPainter::paintFloor()
         if (index == 0)
             return;
         const Rect place = placeOf(x, y);
-        if (const Image* const tile = scene.floorTiles.tile(index)) {
-            target.drawImage(*tile, place.x, place.y);
+        if (scene.floorTiles.draw(target, index, {place.x, place.y})) {
             if (palette.tileDim)
                 fill(place, palette.paper, palette.tileDim);
             paintGridLines(place, x, y, 100);
@@ -295,14 +294,9 @@ void SheetPainter::paintEvents()
 
 void SheetPainter::paintEvent(const GameEvent& event, const Rect& place, double opacity)
 {
-    if (const Image* const tile = scene.eventTiles.tile(event.type)) {
-        const int off = (side - scene.eventTiles.getSide()) / 2;
-        Image& picture = const_cast<Image&>(*tile);
-        picture.opacity = opacity;
-        target.drawImage(picture, place.x + off, place.y + off);
-        picture.opacity = 1;
+    const int off = (side - scene.eventTiles.getSide()) / 2;
+    if (scene.eventTiles.draw(target, event.type, {place.x + off, place.y + off}, opacity))
         return;
-    }
     // A kind without a picture: a lozenge, as pins on a plan.
     const float reach = static_cast<float>(side) * 0.3F;
     Glyph lozenge;
@@ -313,11 +307,13 @@ void SheetPainter::paintEvent(const GameEvent& event, const Rect& place, double 
 }
 
 /// The edges of the part's cells and those on its far rim, each once: the upper and the left one of
-/// every cell.
+/// every cell. `visit(kind, run, middle, isFloored)`; the last: a tile or the map's background lies
+/// beside it.
 template <class Visit>
 void SheetPainter::forEachWall(Visit visit) const
 {
     const int half = side / 2;
+    const bool background = scene.images.find(ImageType::Background2D) != nullptr;
     // Shapes reach half a cell beyond their edge.
     for (int y = firstY - 1; y <= endY + 1; ++y) {
         for (int x = firstX - 1; x <= endX + 1; ++x) {
@@ -328,21 +324,29 @@ void SheetPainter::forEachWall(Visit visit) const
             // The far sides of the map show their own byte, which a file may hold unequal.
             const int level = y == map.rows ? cellAt(x, y - 1).south : cell.north;
             const int upright = x == map.cols ? cellAt(x - 1, y).east : cell.west;
+            const auto isFloored = [&](const WizMapData& neighbour) {
+                return cell.floor != 0 || neighbour.floor != 0 || background;
+            };
             if (level != 0 && x <= map.cols)
-                visit(level, EdgeRun::Level, Point{place.x + half, place.y});
+                visit(level, EdgeRun::Level, Point{place.x + half, place.y},
+                      isFloored(cellAt(x, y - 1)));
             if (upright != 0 && y <= map.rows)
-                visit(upright, EdgeRun::Upright, Point{place.x, place.y + half});
+                visit(upright, EdgeRun::Upright, Point{place.x, place.y + half},
+                      isFloored(cellAt(x - 1, y)));
         }
     }
 }
 
 void SheetPainter::paintWalls()
 {
-    forEachWall([&](int kind, EdgeRun run, Point middle) {
-        scene.edges.drawHalo(target, kind, run, middle);
+    // On bare paper a stroke needs no halo.
+    forEachWall([&](int kind, EdgeRun run, Point middle, bool isFloored) {
+        if (isFloored)
+            scene.edges.drawHalo(target, kind, run, middle);
     });
-    forEachWall(
-        [&](int kind, EdgeRun run, Point middle) { scene.edges.draw(target, kind, run, middle); });
+    forEachWall([&](int kind, EdgeRun run, Point middle, bool) {
+        scene.edges.draw(target, kind, run, middle);
+    });
 }
 
 /// What lies beyond the edge shows only faintly, and the edge has a line.
@@ -452,8 +456,7 @@ void SheetPainter::paintHover()
         paintHoveredEdge(at, erases);
         return;
     }
-    if (const Image* const tile = erases ? nullptr : scene.floorTiles.tile(value)) {
-        target.drawImage(*tile, place.x, place.y);
+    if (!erases && scene.floorTiles.draw(target, value, {place.x, place.y})) {
         if (palette.tileDim)
             fill(place, palette.paper, palette.tileDim / 2);
     }

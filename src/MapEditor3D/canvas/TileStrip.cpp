@@ -93,20 +93,21 @@ int TileStrip::count() const
     return strip ? std::max(1, strip->getWidth() / kTile) * (strip->getHeight() / kTile) : 0;
 }
 
-const Image* TileStrip::tile(int index)
+bool TileStrip::draw(Graphics& target, int index, Point corner, double opacity)
 {
     if (index < 0 || index >= count() || side < 1)
-        return nullptr;
-    const auto known = tiles.find(index);
-    if (known != tiles.end())
-        return &known->second;
-    const int perRow = std::max(1, strip->getWidth() / kTile);
-    return &tiles
-                .emplace(index,
-                         scaledPart(*strip,
-                                    {index % perRow * kTile, index / perRow * kTile, kTile, kTile},
-                                    side, side))
-                .first->second;
+        return false;
+    auto known = tiles.find(index);
+    if (known == tiles.end()) {
+        const int perRow = std::max(1, strip->getWidth() / kTile);
+        PlacedPicture tile;
+        tile.picture = scaledPart(
+            *strip, {index % perRow * kTile, index / perRow * kTile, kTile, kTile}, side, side);
+        tile.trim();
+        known = tiles.emplace(index, std::move(tile)).first;
+    }
+    known->second.draw(target, corner, opacity);
+    return true;
 }
 
 } // namespace varn

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Graphics/Graphics.h"
+#include "MapEditor3D/canvas/Glyph.h"
 
 #include <unordered_map>
 
@@ -22,8 +22,8 @@ class TileStrip
     void use(const Image* strip, int side);
     /// For when the picture itself changed.
     void forget() { tiles.clear(); }
-    /// Null: there is no such tile.
-    const Image* tile(int index);
+    /// False: there is no such tile.
+    bool draw(Graphics& target, int index, Point corner, double opacity = 1);
     int getSide() const { return side; }
     /// How many the picture holds; 0 without one.
     int count() const;
@@ -32,7 +32,7 @@ class TileStrip
   private:
     const Image* strip = nullptr;
     int side = 0;
-    std::unordered_map<int, Image> tiles;
+    std::unordered_map<int, PlacedPicture> tiles;
 };
 
 } // namespace varn

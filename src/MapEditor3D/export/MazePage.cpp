@@ -246,12 +246,15 @@ bool saveMapAsImage(WStringView mapName, WStringView path)
     return !picture.empty() && replaceFile(resolveProjectPath(path), asBytes(picture));
 }
 
-bool exportMapsAsHtml(std::span<const WString> mapNames, WStringView path)
+bool exportMapsAsHtml(std::span<const WString> mapNames, WStringView path,
+                      const PageProgress& progress)
 {
     PageBody body;
     if (mapNames.size() > 1)
         body.addSelector(mapNames);
     for (std::size_t i = 0; i < mapNames.size(); ++i) {
+        if (progress && !progress(i, mapNames.size(), mapNames[i]))
+            return false;
         WizMap map;
         body.addMap(i, loadMap(map, mapNames[i]));
     }

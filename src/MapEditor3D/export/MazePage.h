@@ -2,6 +2,7 @@
 
 #include "Util/Text.h"
 
+#include <functional>
 #include <span>
 
 namespace varn {
@@ -16,10 +17,14 @@ namespace varn {
 /// @throws Exception  the map cannot be loaded
 bool saveMapAsImage(WStringView mapName, WStringView path);
 
+/// Hears before each map how many of them are done, and its name. False: stop.
+using PageProgress = std::function<bool(std::size_t done, std::size_t whole, WStringView map)>;
+
 /// Writes a page of the named maps, UTF-16 with a mark, and beside it `Resources/maze.css` where
-/// none stands, since the page links it. False: not writable.
+/// none stands, since the page links it. False: not writable, or stopped and nothing is written.
 /// @throws Exception  a map cannot be loaded; nothing is written
-bool exportMapsAsHtml(std::span<const WString> mapNames, WStringView path);
+bool exportMapsAsHtml(std::span<const WString> mapNames, WStringView path,
+                      const PageProgress& progress = {});
 
 /// The page's template; made and stored where there is none.
 WString loadMazeTemplate();

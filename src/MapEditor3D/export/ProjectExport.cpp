@@ -227,9 +227,7 @@ class Exporter
 
     void askToOpen()
     {
-        const WString question = replaceAll(
-            u"Exported GameData.gamedata to [directory]. Would you like to open the folder?",
-            u"[directory]", options.target);
+        const WString question = replaceAll(options.question, u"[directory]", options.target);
         if (host().ask({question}) == Answer::Yes)
             host().openWithShell(options.target);
     }

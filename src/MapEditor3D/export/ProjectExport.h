@@ -8,11 +8,16 @@
 
 namespace varn {
 
+inline constexpr WStringView kExportedQuestion =
+    u"Exported GameData.gamedata to [directory]. Would you like to open the folder?";
+
 /// What the export dialog settles.
 struct ExportOptions
 {
     WString target;            ///< folder that exists; relative to the project or absolute
     std::set<WString> without; ///< names of maps to leave out of the archive
+    /// Asked at the end; "[directory]" stands for the target. A frame words it in its language.
+    WString question = WString(kExportedQuestion);
 };
 
 /// True when the tree of maps holds a map whose file exists; else "There is no map that can be

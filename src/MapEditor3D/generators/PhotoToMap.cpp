@@ -27,8 +27,11 @@ struct CellWalls
 class PhotoSampler
 {
   public:
-    PhotoSampler(const Bitmap& photo, const PhotoOptions& options) : photo(photo), options(options)
-    {}
+    PhotoSampler(const Bitmap& photo, const PhotoOptions& options)
+        : photo(photo), options(options), masked(options.maskedColours)
+    {
+        std::sort(masked.begin(), masked.end());
+    }
 
     CellWalls sample(int column, int row) const
     {
@@ -57,13 +60,13 @@ class PhotoSampler
     bool isDrawn(int x, int y) const
     {
         const std::uint32_t colour = photo.getPixelValue(x, y) & 0xFFFFFF;
-        const auto& masked = options.maskedColours;
         return colour != options.backgroundColour &&
-               std::find(masked.begin(), masked.end(), colour) == masked.end();
+               !std::binary_search(masked.begin(), masked.end(), colour);
     }
 
     const Bitmap& photo;
     const PhotoOptions& options;
+    std::vector<std::uint32_t> masked; // sorted
 };
 
 int readField(const Settings& settings, const PhotoField& field)

@@ -88,7 +88,7 @@ class Binding : public testing::Test
   protected:
     void SetUp() override
     {
-        registerStandardClasses();
+        registerEngineClasses();
         registerProbe();
     }
 };

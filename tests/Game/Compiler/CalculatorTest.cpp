@@ -30,7 +30,7 @@ class Formulas : public testing::Test
   protected:
     void SetUp() override
     {
-        registerStandardClasses();
+        registerEngineClasses();
         auto made = std::make_unique<SQClassDef<Fighter>>("Fighter");
         made->addFunc<&Fighter::getHP>("getHP");
         made->addFunc<&Fighter::fall>("fall");

@@ -21,7 +21,7 @@ std::string listed(WStringView before)
 
 TEST(CodeCompletion, OffersWhatMayStandAtTheCaret)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     constexpr WStringView kRectangle = u"getHeight getWidth getX getY";
     const struct
     {
@@ -84,7 +84,7 @@ TEST(CodeCompletion, EverythingIsKeywordsClassesAndFunctionsByName)
 
 TEST(CodeCompletion, FindsTheCallBeingTyped)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     constexpr struct
     {
         WStringView before, className, method;

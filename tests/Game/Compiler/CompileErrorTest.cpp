@@ -89,7 +89,7 @@ std::string withoutFile(std::string errors)
 /// Compiled only: what compiles here need not end.
 std::string compileErrors(std::string_view source)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     Interpreter vm;
     try {
         vm.compile(u"test", fromUtf8(source));

@@ -113,7 +113,7 @@ TEST(Hostile, DeepSource)
                    repeated(each.close, levels) + each.after;
         };
         const auto errors = [](const std::string& text) {
-            registerStandardClasses();
+            registerEngineClasses();
             Interpreter vm;
             try {
                 vm.compile(u"test", fromUtf8(text));
@@ -166,7 +166,7 @@ TEST(Hostile, DeepSelectors)
 TEST(Hostile, StepsOneByOne)
 {
     RecordingHost host;
-    registerStandardClasses();
+    registerEngineClasses();
     Interpreter vm;
     vm.compile(u"test",
                u"function f(n) { if (n < 2) return n; return f(n - 1) + f(n - 2); } _ret = f(10);");

@@ -68,7 +68,9 @@ void expectAsTold(const Example& example)
     const auto shows = told(example.source, "// shows: ");
     const auto refused = told(example.source, "// refused: ");
     EXPECT_GT(prints.size() + shows.size() + refused.size(), 0U) << "tells nothing";
-    Interpreter vm;
+    Stage stage;
+    Script vm;
+    vm.setServices({.stage = &stage});
     ScriptRun run = runScript(example.source, vm, u"example");
     EXPECT_EQ(run.traces, prints);
     if (!run.fatal.empty())

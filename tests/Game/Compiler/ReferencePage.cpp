@@ -184,7 +184,7 @@ class Composer
 
 ReferencePage::ReferencePage(const Wording& wording)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     page = Composer(wording, missing).compose();
 }
 

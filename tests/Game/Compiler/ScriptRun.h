@@ -1,8 +1,10 @@
 #pragma once
 
-#include "Game/Compiler/Interpreter.h"
 #include "Game/Compiler/InterpreterException.h"
+#include "Game/Compiler/Script.h"
+#include "Game/Compiler/Stage.h"
 #include "Game/Compiler/classes/Classes.h"
+#include "Input/InputState.h"
 #include "Support/RecordingHost.h"
 
 #include <string>
@@ -24,7 +26,7 @@ struct ScriptRun
 inline ScriptRun runScript(std::string_view utf8, Interpreter& vm, WStringView name = u"test")
 {
     RecordingHost host;
-    registerStandardClasses();
+    registerEngineClasses();
     ScriptRun run;
     vm.setTraceListener([&run](WStringView text) { run.traces.push_back(toUtf8(text)); });
     try {
@@ -41,9 +43,13 @@ inline ScriptRun runScript(std::string_view utf8, Interpreter& vm, WStringView n
     return run;
 }
 
+/// The same before a stage, with keys that nobody presses.
 inline ScriptRun runScript(std::string_view utf8)
 {
-    Interpreter vm;
+    Stage stage;
+    InputState input;
+    Script vm;
+    vm.setServices({.input = &input, .stage = &stage});
     return runScript(utf8, vm);
 }
 

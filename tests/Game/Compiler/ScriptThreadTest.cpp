@@ -20,11 +20,8 @@ class ScriptThreads : public testing::Test
   protected:
     void SetUp() override
     {
-        registerStandardClasses();
+        registerEngineClasses();
         registerGlobalFunction("park", &parkNative);
-        registerGlobalFunction("addEventListener", &addEventListenerNative);
-        registerGlobalFunction("removeEventListener", &removeEventListenerNative);
-        registerGlobalFunction("addChild", &addChildNative);
     }
     RecordingHost host;
 };

@@ -1,4 +1,5 @@
 #include "Game/Compiler/Script.h"
+#include "Input/InputState.h"
 #include "ScriptRun.h"
 #include "Support/TemporaryProject.h"
 #include "Util/Random.h"
@@ -21,7 +22,7 @@ TEST(StandardClasses, DateIsTheLocalClock)
     ::tzset();
     RecordingHost host;
     host.wallMs = 1704067199987; // 2023-12-31 23:59:59.987 UTC
-    registerStandardClasses();
+    registerEngineClasses();
     Interpreter vm;
     std::string trace;
     vm.setTraceListener([&trace](WStringView text) { trace = toUtf8(text); });
@@ -47,24 +48,23 @@ TEST(StandardClasses, RandomNumbersFollowTheSeedOfTheProgram)
 }
 
 /// A script that waits, frame by frame, until it has ended.
-class Waiting : public testing::Test, protected ScriptKeys
+class Waiting : public testing::Test
 {
   protected:
-    bool isOkKeyTyped() const override { return okKey; }
-    bool isAnyKeyTyped() const override { return okKey || otherKey; }
-
     /// Frames that pass before the source has run; `eachFrame` comes before each.
     int framesOf(WStringView source, const std::function<void(int)>& eachFrame)
     {
-        registerStandardClasses();
+        registerEngineClasses();
         Script script;
-        script.setServices({.keys = this});
+        script.setServices({.input = &input});
         script.compile(u"test", WString(source));
+        input.beginFrame();
         script.start();
         script.waitUntilIdle();
         int frames = 0;
         for (; script.isRunning() && frames < 100; ++frames) {
             eachFrame(frames);
+            input.beginFrame();
             script.resume();
             script.waitUntilIdle();
         }
@@ -72,7 +72,7 @@ class Waiting : public testing::Test, protected ScriptKeys
     }
 
     RecordingHost host;
-    bool okKey = false, otherKey = false;
+    InputState input;
 };
 
 TEST_F(Waiting, LastsUntilItsTimeFramesOrKey)
@@ -82,18 +82,27 @@ TEST_F(Waiting, LastsUntilItsTimeFramesOrKey)
     EXPECT_EQ(framesOf(u"System.wait(-5);", clock), 0);
     EXPECT_EQ(framesOf(u"System.waitFrame(3);", clock), 4);
     EXPECT_EQ(framesOf(u"System.load(100);", clock), 7);
-    const auto okAtTwo = [this](int frame) { okKey = frame == 2; };
+    const auto typeAt = [this](int wanted, int key) {
+        return [this, wanted, key](int frame) {
+            frame == wanted ? input.press(key) : input.release(key);
+        };
+    };
+    const auto okAtTwo = typeAt(2, key::kEnter);
     EXPECT_EQ(framesOf(u"System.wait(100);", okAtTwo), 3);
     EXPECT_EQ(framesOf(u"System.waitFrame(9);", okAtTwo), 3);
     EXPECT_EQ(framesOf(u"System.waitFrame(9, 0);", okAtTwo), 10);
     EXPECT_EQ(framesOf(u"System.waitKey();", okAtTwo), 3);
-    okKey = false;
-    EXPECT_EQ(framesOf(u"System.waitKey();", [this](int frame) { otherKey = frame == 4; }), 5);
+    EXPECT_EQ(framesOf(u"System.waitKey();", typeAt(4, 'Q')), 5);
+    EXPECT_EQ(framesOf(u"System.waitKey(); System.waitKey();",
+                       [this](int frame) { frame % 3 ? input.press('Q') : input.release('Q'); }),
+              5);
+    EXPECT_EQ(framesOf(u"System.wait(100, 1);", typeAt(2, 'Q')), 100); // the clock stands still
+    EXPECT_EQ(framesOf(u"System.waitFrame(9);", typeAt(2, input.keyOfButton(key::kButtonA))), 3);
 }
 
 TEST_F(Waiting, EndsWithTheScript)
 {
-    registerStandardClasses();
+    registerEngineClasses();
     for (const WStringView source :
          {u"System.wait(1000000);", u"System.waitFrame(1000000);", u"System.waitKey();",
           u"System.sleep(1000000);", u"while (1) System.wait(1);"}) {
@@ -160,7 +169,7 @@ TEST(StandardClasses, EventsHaveTheServicesOfTheEngine)
 {
     TemporaryProject project;
     Settings settings("a.ini");
-    registerStandardClasses();
+    registerEngineClasses();
     ScriptEngine::instance().setServices({.settings = &settings});
     ScriptEngine::instance().startEvent(u"test", u"IniFile.write(\"Game\", \"Gold\", 12);");
     ScriptEngine::instance().setServices({});
@@ -170,7 +179,7 @@ TEST(StandardClasses, EventsHaveTheServicesOfTheEngine)
 TEST(StandardClasses, ShellExecuteAsksTheHost)
 {
     RecordingHost host;
-    registerStandardClasses();
+    registerEngineClasses();
     Interpreter vm;
     vm.compile(u"test", u"_ret = WinAPI.ShellExecute(\"readme.html\", \"\") * 100 + "
                         u"WinAPI.ShellExecute(\"editor\", \"readme.html\");");

@@ -19,8 +19,6 @@ static bool registerAll()
     registerFile();
     registerIniFile();
     registerWinApi();
-    registerRectangle();
-    registerDirection();
     return true;
 }
 

@@ -17,7 +17,22 @@ void registerMath();
 void registerFile();
 void registerIniFile();
 void registerWinApi();
+
+// Of engine/, likewise; their table is in EngineClasses.cpp.
+void registerAudio();
+void registerGraphics();
+void registerTextAlign();
+void registerImage();
 void registerRectangle();
 void registerDirection();
+void registerKey();
+void registerMouse();
+void registerKeyboard();
+void registerJScript();
+void registerTextToWav();
+void registerEventNames(); ///< Event, MouseEvent, KeyboardEvent
+void registerStringTable();
+void registerGameSettings();
+void registerRenderer();
 
 } // namespace varn

@@ -1,17 +1,15 @@
+#include "Game/Compiler/classes/SystemClass.h"
 #include "Game/Compiler/Interpreter.h"
 #include "Game/Compiler/SQClassDef.h"
 #include "Game/Compiler/classes/Registrations.h"
 #include "Game/Compiler/classes/Waiting.h"
+#include "Input/InputState.h"
 #include "Util/Host.h"
 
 #include <algorithm>
 
 namespace varn {
 namespace {
-
-/// Script name "System".
-struct ScriptSystem
-{};
 
 void sleep(NativeCall& call, int milliseconds)
 {
@@ -25,14 +23,14 @@ int argumentOr(const Interpreter& vm, int index, int fallback)
 
 bool isOkKeyTyped(const Interpreter& vm)
 {
-    const ScriptKeys* keys = vm.getServices().keys;
-    return keys && keys->isOkKeyTyped();
+    const InputState* input = vm.getServices().input;
+    return input && input->isOkKeyTyped();
 }
 
-bool isAnyKeyTyped(const Interpreter& vm)
+bool takeAnyKey(const Interpreter& vm)
 {
-    const ScriptKeys* keys = vm.getServices().keys;
-    return keys && keys->isAnyKeyTyped();
+    InputState* input = vm.getServices().input;
+    return input && input->takeAnyKey();
 }
 
 } // namespace
@@ -43,7 +41,7 @@ void wait(Interpreter& vm)
     std::uint64_t now = host().clockMs();
     const std::uint64_t end = now + static_cast<std::uint64_t>(std::max(argumentOr(vm, 0, 0), 0));
     for (; now < end && !vm.isStopRequested(); now = host().clockMs()) {
-        if (!vm.park())
+        if (!vm.nextFrame())
             return vm.sleepFor(static_cast<int>(end - now));
         if (skippable && isOkKeyTyped(vm))
             return;
@@ -54,14 +52,14 @@ void waitFrame(Interpreter& vm)
 {
     const bool skippable = argumentOr(vm, 1, 1) != 0;
     for (int left = argumentOr(vm, 0, 0); left >= 0 && !vm.isStopRequested(); --left)
-        if (!vm.park() || (skippable && isOkKeyTyped(vm)))
+        if (!vm.nextFrame() || (skippable && isOkKeyTyped(vm)))
             return;
 }
 
 void waitKey(Interpreter& vm)
 {
-    while (!isAnyKeyTyped(vm) && !vm.isStopRequested())
-        if (!vm.park())
+    while (!takeAnyKey(vm) && !vm.isStopRequested())
+        if (!vm.nextFrame())
             return;
 }
 

@@ -136,13 +136,15 @@ class SheetPainter
             WString text = toDecimal(number);
             return number < 10 && number >= 0 ? u"0" + text : text;
         };
-        const int inset = (sheet.tileSize - kNumberHeight) / 2;
-        for (int x = sheet.firstColumn; x < endColumn; ++x)
-            graphics.drawString(twoDigits(x), placeOf(x, sheet.firstRow).x + inset,
-                                sheet.y - kPrintedCell + inset);
-        for (int y = sheet.firstRow; y < endRow; ++y)
-            graphics.drawString(twoDigits(map.rows - 1 - y), sheet.x - kPrintedCell + inset - 1,
-                                placeOf(sheet.firstColumn, y).y + inset);
+        const int inCell = (sheet.tileSize - kNumberHeight) / 2;
+        constexpr int kInMargin = (kPrintedCell - kNumberHeight) / 2;
+        const int step = sheet.tileSize < kNumberHeight ? 2 : 1; // else they run into each other
+        for (int x = sheet.firstColumn; x < endColumn; x += step)
+            graphics.drawString(twoDigits(x), placeOf(x, sheet.firstRow).x + inCell,
+                                sheet.y - kPrintedCell + kInMargin);
+        for (int y = endRow - 1; y >= sheet.firstRow; y -= step)
+            graphics.drawString(twoDigits(map.rows - 1 - y), sheet.x - kPrintedCell + kInMargin - 1,
+                                placeOf(sheet.firstColumn, y).y + inCell);
     }
 
     Graphics& graphics;
@@ -160,24 +162,28 @@ void drawMap(Graphics& graphics, const WizMap& map, const WizMapImage& images,
     SheetPainter(graphics, map, images, sheet).paint();
 }
 
-void drawMapPicture(Graphics& graphics, const WizMap& map, const WizMapImage& images)
+bool drawMapPicture(Graphics& graphics, const WizMap& map, const WizMapImage& images,
+                    const MapPrint& print)
 {
     constexpr std::uint32_t kPaper = 0xFFFFFF, kInk = 0x000000;
-    graphics.setSize(map.cols * kPrintedCell + kPrintedCell * 2,
-                     map.rows * kPrintedCell + kPrintedCell * 2);
+    const int width = map.cols * print.cellSize, height = map.rows * print.cellSize;
+    if (std::max(width, height) + kPrintedCell * 2 > Image::kSideLimit ||
+        !graphics.setSize(width + kPrintedCell * 2, height + kPrintedCell * 2))
+        return false;
     graphics.fillRect({0, 0, graphics.getWidth(), graphics.getHeight()}, kPaper, 255);
     graphics.setTextColor(kInk);
     if (const Image* const background = images.find(ImageType::Background2D))
-        graphics.drawImage(
-            *background,
-            {kPrintedCell, kPrintedCell, map.cols * kPrintedCell, map.rows * kPrintedCell},
-            background->getBounds());
+        graphics.drawImage(*background, {kPrintedCell, kPrintedCell, width, height},
+                           background->getBounds());
     drawMap(graphics, map, images,
             {.columns = map.cols,
              .rows = map.rows,
              .x = kPrintedCell,
              .y = kPrintedCell,
-             .numbers = true});
+             .tileSize = print.cellSize,
+             .numbers = print.numbers,
+             .events = print.events});
+    return true;
 }
 
 } // namespace varn

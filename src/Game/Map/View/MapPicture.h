@@ -24,8 +24,17 @@ void drawMap(Graphics& graphics, const WizMap& map, const WizMapImage& images,
 /// Pixels of a cell on printed maps, and of the margin that holds the numbers.
 inline constexpr int kPrintedCell = 16;
 
-/// Makes the surface of a printed map: every cell at 16 pixels, a margin of 16 on every side,
-/// numbers.
-void drawMapPicture(Graphics& graphics, const WizMap& map, const WizMapImage& images);
+/// How a map is printed; as it stands, as the tool does it unasked.
+struct MapPrint
+{
+    int cellSize = kPrintedCell; ///< pixels, even
+    bool numbers = true;
+    bool events = true;
+};
+
+/// Makes the surface of a printed map: all its cells, a margin of 16 pixels on every side. False:
+/// it would be too large.
+bool drawMapPicture(Graphics& graphics, const WizMap& map, const WizMapImage& images,
+                    const MapPrint& print = {});
 
 } // namespace varn

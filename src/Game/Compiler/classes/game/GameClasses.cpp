@@ -97,7 +97,7 @@ void forEachName(std::string_view names, Use&& use)
 
 void registerAll()
 {
-    registerStandardClasses();
+    registerEngineClasses();
     std::unique_ptr<GameClass> made;
     const auto finish = [&made] {
         if (made)

@@ -11,25 +11,25 @@ struct IconPoint
     float x, y;
 };
 
-/// One stroke of an icon: straight lines from point to point, or an arc of a circle.
+/// One stroke of an icon.
 struct IconStroke
 {
     enum class Kind
     {
-        Line,   ///< open
-        Closed, ///< the last point is joined with the first
+        Line,   ///< straight from point to point
+        Closed, ///< the same, the last point joined with the first
         Filled, ///< closed and filled, without a stroke
-        Curve,  ///< cubic Bezier curves: a start, then three points for each
-        Circle, ///< one point, the centre, and one on the circle
-        Disc    ///< the same, filled
+        Curve,  ///< cubic Bezier curves: a start, then two handles and an end for each
+        Circle, ///< its centre, and the point of it to the right
+        Disc    ///< the same, filled, without a stroke
     };
 
     Kind kind;
     std::span<const IconPoint> points;
 };
 
-/// A drawn icon. All have one stroke width, `kIconStroke`, with round ends and corners, and keep
-/// two units of their box free on every side.
+/// A drawn icon. All have one stroke width, `kIconStroke`, with round ends and corners; with it
+/// they keep a unit of their box free on every side.
 struct IconPath
 {
     std::string_view name; ///< "zoomIn"
@@ -39,7 +39,7 @@ struct IconPath
 inline constexpr float kIconBox = 24;
 inline constexpr float kIconStroke = 1.75F;
 
-/// All icons, by name.
+/// All icons, in the order of the table; they live as long as the program.
 std::span<const IconPath> iconPaths();
 /// Null for an unknown name.
 const IconPath* findIcon(std::string_view name);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Component/Menu.h"
+#include "Component/ToolWindow.h"
+
+#include <vector>
+
+namespace varn {
+
+/// The main menu of the language in force as the kit shows it: texts of the language document, with
+/// the letter in brackets as mnemonic.
+/// @param systemCoordinates  the check mark of that item
+Menu makeFrameMenu(bool systemCoordinates);
+
+// Lines of the frame's own, beside the command table's.
+inline constexpr int kTogglePanel = 1000; ///< its argument: the panel's place
+inline constexpr int kFindCommand = 1001;
+
+/// Adds the panels to the menu of the layers, and the search of commands to that of the tools.
+void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels);
+
+} // namespace varn
