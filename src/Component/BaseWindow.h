@@ -86,13 +86,8 @@ class BaseWindow : public WinApiWindow
     static void retranslate(NativeHandle top);
 
     void setMinimumSize(int width, int height);
-<<<<<<< HEAD
-    /// 0: that side stays free.
-    void setMaximumHeight(int height);
-=======
     void setMaximumHeight(int height);
     /// 0: that side stays free.
->>>>>>> 5477f1166c2531160f74baa833456e4c2fc1f99a
     void setFixedSize(int width, int height);
     /// Whether Tab stops here.
     void setTabStop(bool stops);
