@@ -155,7 +155,7 @@ std::string choiceNote(const Field& field)
 {
     if (field.choices.empty() || field.kind != Kind::Number)
         return "";
-    std::string note;
+    std::string note = field.refers == Refers::Bits ? "bits: " : "";
     for (std::size_t i = 0; i < field.choices.size(); i++)
         note += (i > 0 ? ", " : "") + std::to_string(i) + " " + toUtf8(field.choices[i]);
     return note;
