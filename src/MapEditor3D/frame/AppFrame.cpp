@@ -125,7 +125,6 @@ void AppFrame::open()
     session.setEditor(&editor);
     rebuildMenus();
     openFirstMap();
-    setVisible(true);
     sheet.getCanvas().setFocus();
     Application::post([this] {
         silenceGame();
@@ -213,14 +212,17 @@ void AppFrame::restoreWindow()
                       settings.getSettingInt(u"Window", u"MainHeight", 0));
     const Rect place = fitToScreen(wanted);
     setBounds(place.x, place.y, place.width, place.height);
-    setVisible(true); // sizes of panes count in a window that is there
     if (settings.getSettingString(u"Window", u"Zoomed", u"1") == u"1")
         showMaximised();
-    if (!restoreLayout(state.panes)) {
+    else
+        setVisible(true);
+    if (restoreLayout(state.panes))
+        return;
+    tileWindow.raise();
+    Application::post([this] { // widths count in a window that has its size
         constexpr int kTreeWidth = 208, kRightWidth = 320;
         setDockSizes({{&treeWindow, kTreeWidth}, {&viewWindow, kRightWidth}});
-        tileWindow.raise();
-    }
+    });
 }
 
 /// What the next start takes up again.
