@@ -74,8 +74,9 @@ int main(int argc, char** argv)
         drawStroke(frame); // warms pictures and letters
         editor.setSelectedTile(2);
         const std::vector<double> times = drawStroke(frame);
-        std::printf("pen move: median %.2f ms, slowest of %d %.2f ms; a frame of 60 Hz is %.1f ms\n",
-                    times[times.size() / 2], kMoves, times.back(), kFrameMs);
+        std::printf(
+            "pen move: median %.2f ms, slowest of %d %.2f ms; a frame of 60 Hz is %.1f ms\n",
+            times[times.size() / 2], kMoves, times.back(), kFrameMs);
     }
     fs::current_path("/");
     fs::remove_all(copy);

@@ -24,7 +24,7 @@ class BaseWindow : public WinApiWindow
     const WString& getWindowClass() const { return windowClass; }
     void setWindowClass(WStringView name) { windowClass = name; }
 
-    // The operations in the order of their slots.
+    // The operations in their fixed order.
     void setId(int next) { id = next; }
     int getId() const { return id; }
     virtual void setFocus();

@@ -38,7 +38,8 @@ class BoxLayout
 class GridLayout
 {
   public:
-    explicit GridLayout(BaseWindow& pane, int gap, BoxLayout::Margin margin = BoxLayout::Margin::Normal);
+    explicit GridLayout(BaseWindow& pane, int gap,
+                        BoxLayout::Margin margin = BoxLayout::Margin::Normal);
     GridLayout& add(BaseWindow& child, int column, int row);
     /// The column and row that take the room that is left.
     GridLayout& stretch(int column, int row);

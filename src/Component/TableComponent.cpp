@@ -136,7 +136,7 @@ void TableComponent::ensureRowVisible(int row)
     if (row < top)
         next = row;
     else if (row > bottom)
-        next = top + row - bottom;
+        next = top + row - bottom + 1;
     if (next != top)
         scroll(static_cast<std::uint32_t>(next) << 16 | ThumbPosition);
 }

@@ -252,8 +252,7 @@ bool ProjectSession::shutdown()
     const Answer answer = host().ask({u"Save all edits and exit?", Buttons::YesNoCancel});
     if (answer == Answer::Cancel)
         return false;
-    if (answer == Answer::Yes)
-        saveEdits();
+    endUnsaved = answer == Answer::Yes && !saveEdits();
     writeSettings();
     return true;
 }

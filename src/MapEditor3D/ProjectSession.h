@@ -92,6 +92,8 @@ class ProjectSession
     /// Asks "Save all edits and exit?". Cancel: false, and the session goes on. Else the edits are
     /// saved on Yes, and the settings are written.
     bool shutdown();
+    /// The answer was Yes, and something could not be written.
+    bool isEndUnsaved() const { return endUnsaved; }
     /// Writes what the next start restores.
     void writeSettings();
 
@@ -128,6 +130,7 @@ class ProjectSession
     int tileScaleCount = 0;
     EditorLayer selectedLayer = EditorLayer::Event;
     std::optional<WindowPlacement> placement;
+    bool endUnsaved = false;
 };
 
 } // namespace varn

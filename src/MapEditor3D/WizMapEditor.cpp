@@ -12,6 +12,16 @@ void WizMapEditor::load(WStringView fileName)
 {
     WizMap next;
     next.load(fileName);
+    take(std::move(next));
+}
+
+void WizMapEditor::close()
+{
+    take(WizMap());
+}
+
+void WizMapEditor::take(WizMap next)
+{
     map = std::move(next);
     leftHeld = rightHeld = eraseStroke = eventHeld = areasPainted = false;
     before.reset();

@@ -59,6 +59,8 @@ class WizMapEditor final : public MapEditing,
     /// @param fileName  the path with ".map"
     /// @throws Exception  as `WizMap::load`; the map that was open stays
     void load(WStringView fileName);
+    /// No map is open any more; nothing is asked and nothing written.
+    void close();
     /// Takes the map's cells as committed and forgets all steps of undo.
     void resetHistory();
 
@@ -159,6 +161,7 @@ class WizMapEditor final : public MapEditing,
     void changed() override;
 
     CellRect wholeMap() const { return {0, 0, map.cols, map.rows}; }
+    void take(WizMap next);
     void tellBand() { listeners.tell(&MapEditorListener::bandChanged); }
     void tellCommitted() { listeners.tell(&MapEditorListener::committed); }
     void tellCell(MapCell cell);

@@ -95,14 +95,14 @@ TEST_F(TableComponentTest, ColumnsKeepTheirLeastWidthAndTheLastReachesTheEdge)
     EXPECT_EQ(lastRight(), 400 - Scrollbar::kThickness);
 }
 
-TEST_F(TableComponentTest, RowsScrollIntoViewByNoMoreThanNeeded)
+TEST_F(TableComponentTest, RowsScrollIntoViewWithOneMoreBelow)
 {
     const int shown = static_cast<int>(table.windowProc(table.getHandle(), 0x1028, 0, 0));
     ASSERT_GT(shown, 2);
     table.ensureRowVisible(shown - 1);
     EXPECT_EQ(table.getScrollPosition(), 0);
     table.ensureRowVisible(shown);
-    EXPECT_EQ(table.getScrollPosition(), 1);
+    EXPECT_EQ(table.getScrollPosition(), 2);
     table.ensureRowVisible(39);
     EXPECT_EQ(table.getScrollPosition(), 40 - shown);
     table.ensureRowVisible(3);

@@ -3,6 +3,8 @@
 #include "Component/Theme.h"
 #include "Component/WinApiWindow.h"
 #include "Component/native/Qt.h"
+#include "Util/Exception.h"
+#include "Util/Host.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -65,6 +67,30 @@ QPalette makePalette(bool dark)
     return palette;
 }
 
+/// What a handler throws ends here: it is told, and the window goes on.
+class GuardedApplication final : public QApplication
+{
+  public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const Exception& fault) {
+            tell(fault.getMessage());
+        } catch (const std::exception& fault) {
+            tell(widen(fault.what()));
+        }
+        return false;
+    }
+
+  private:
+    static void tell(const WString& sentence)
+    {
+        Application::post([sentence] { host().showMessage(sentence); });
+    }
+};
+
 class ThemeWatcher final : public QObject
 {
   public:
@@ -126,7 +152,7 @@ Application::Application(int argumentCount, char** arguments)
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     implementation->argumentCount = argumentCount;
     implementation->toolkit =
-        std::make_unique<QApplication>(implementation->argumentCount, arguments);
+        std::make_unique<GuardedApplication>(implementation->argumentCount, arguments);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     constexpr int kMiddleGrey = 128;
     const bool dark = QApplication::palette().color(QPalette::Window).lightness() < kMiddleGrey ||

@@ -443,8 +443,8 @@ void ScrollStrip::setValue(int value)
 
 NativeHandle ScrollStrip::makeHandle(NativeHandle parent)
 {
-    auto* const bar = new QScrollBar(axis == Axis::Level ? Qt::Horizontal : Qt::Vertical,
-                                     widgetOf(parent));
+    auto* const bar =
+        new QScrollBar(axis == Axis::Level ? Qt::Horizontal : Qt::Vertical, widgetOf(parent));
     bar->setFocusPolicy(Qt::NoFocus);
     QObject::connect(bar, &QScrollBar::valueChanged, bar, [this](int) { fireAction(); });
     return handleOf(bar);

@@ -27,8 +27,8 @@ using native::widgetOf;
 
 namespace {
 
-/// What has a wording in the language in force; anything else, such as a sentence with a path in it,
-/// as it is.
+/// What has a wording in the language in force; anything else, such as a sentence with a path in
+/// it, as it is.
 QString translated(WStringView english)
 {
     return toQt(WStringView(translate(english)));
@@ -61,8 +61,8 @@ void WindowHost::showMessage(WStringView text)
             qApp, [this, text] { showMessage(text); }, Qt::BlockingQueuedConnection);
         return;
     }
-    QMessageBox box(QMessageBox::Information, toQt(kMakerName), translated(text), QMessageBox::NoButton,
-                    parentForBoxes());
+    QMessageBox box(QMessageBox::Information, toQt(kMakerName), translated(text),
+                    QMessageBox::NoButton, parentForBoxes());
     box.addButton(translated(u"OK"), QMessageBox::AcceptRole);
     box.exec();
 }
@@ -114,8 +114,9 @@ std::optional<WString> WindowHost::chooseFolder(WStringView title)
 bool WindowHost::openWithShell(WStringView target)
 {
     const QString text = toQt(target);
-    const QUrl url = QFileInfo::exists(text) ? QUrl::fromLocalFile(QFileInfo(text).absoluteFilePath())
-                                             : QUrl(text, QUrl::TolerantMode);
+    const QUrl url = QFileInfo::exists(text)
+                         ? QUrl::fromLocalFile(QFileInfo(text).absoluteFilePath())
+                         : QUrl(text, QUrl::TolerantMode);
     return QDesktopServices::openUrl(url);
 }
 

@@ -74,12 +74,11 @@ int layerCommand(const WizMapEditor& editor)
 
 AppFrame::AppFrame(ProjectSession& session, std::filesystem::path stateFolder)
     : session(session), target(session, *this), stateFolder(std::move(stateFolder)),
-      project(std::filesystem::current_path()), sheet(editor),
-      treeWindow(u"project", u"Project"), viewWindow(u"view", u"First-person view"),
-      tileWindow(u"palette", u"Palette"), eventWindow(u"events", u"Events"),
-      areaWindow(u"areas", u"Areas"), sceneWindow(u"scene", u"Scene"), treePane(session, editor),
-      dungeonPane(editor), tilePane(editor), eventPane(editor), areaPane(editor),
-      scenePane(editor), zoomSlider(0, 5)
+      project(std::filesystem::current_path()), sheet(editor), treeWindow(u"project", u"Project"),
+      viewWindow(u"view", u"First-person view"), tileWindow(u"palette", u"Palette"),
+      eventWindow(u"events", u"Events"), areaWindow(u"areas", u"Areas"),
+      sceneWindow(u"scene", u"Scene"), treePane(session, editor), dungeonPane(editor),
+      tilePane(editor), eventPane(editor), areaPane(editor), scenePane(editor), zoomSlider(0, 5)
 {
     setWindowClass(u"MainFrame");
     state = loadViewState(this->stateFolder, project);
@@ -95,6 +94,7 @@ AppFrame::AppFrame(ProjectSession& session, std::filesystem::path stateFolder)
 
 AppFrame::~AppFrame()
 {
+    *alive = false;
     session.setEditor(nullptr);
     editor.removeListener(*this);
 }
@@ -120,13 +120,18 @@ void AppFrame::open()
     buildStatusbar();
     addShortcuts();
     applyTheme();
-    Application::onThemeChange([this] { applyTheme(); });
+    Application::onThemeChange([this, stillHere = alive] {
+        if (*stillHere)
+            applyTheme();
+    });
     restoreWindow();
     session.setEditor(&editor);
     rebuildMenus();
     openFirstMap();
     sheet.getCanvas().setFocus();
-    Application::post([this] {
+    Application::post([this, stillHere = alive] {
+        if (!*stillHere)
+            return;
         silenceGame();
         offerRecovery();
     });
@@ -147,8 +152,7 @@ void AppFrame::buildBars()
 void AppFrame::buildPanes()
 {
     const auto put = [](ToolWindow& window, GroupComponent& pane) {
-        BoxLayout(window.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None)
-            .add(pane);
+        BoxLayout(window.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None).add(pane);
     };
     addToolWindow(treeWindow, Side::Left);
     addToolWindow(viewWindow, Side::Right);
@@ -219,7 +223,9 @@ void AppFrame::restoreWindow()
     if (restoreLayout(state.panes))
         return;
     tileWindow.raise();
-    Application::post([this] { // widths count in a window that has its size
+    Application::post([this, stillHere = alive] { // widths count in a window that has its size
+        if (!*stillHere)
+            return;
         constexpr int kTreeWidth = 208, kRightWidth = 320;
         setDockSizes({{&treeWindow, kTreeWidth}, {&viewWindow, kRightWidth}});
     });
@@ -230,6 +236,8 @@ void AppFrame::keepWindow()
 {
     const Rect place = getNormalBounds();
     session.setWindowPlacement({place.x, place.y, place.width, place.height, isMaximised()});
+    if (!hiddenPanels.empty())
+        panelsToggled(); // they were put away for a while
     keepFloor();
     state.openMap = editor.getMap().fileName;
     state.panes = saveLayout();
@@ -242,8 +250,8 @@ void AppFrame::keepFloor()
     if (name.empty())
         return;
     const CanvasView& view = getCanvas().getView();
-    state.floors[name] = {editor.getTileSize(), view.scrollX, view.scrollY,
-                          editor.getCursor().cell, editor.getCursor().facing};
+    state.floors[name] = {editor.getTileSize(), view.scrollX, view.scrollY, editor.getCursor().cell,
+                          editor.getCursor().facing};
 }
 
 void AppFrame::restoreFloor()
@@ -255,7 +263,9 @@ void AppFrame::restoreFloor()
         return;
     }
     editor.placeWalker(kept->second.walker, kept->second.facing);
-    getCanvas().scrollTo(kept->second.scrollX, kept->second.scrollY);
+    const double zoomed = static_cast<double>(editor.getTileSize()) / kept->second.tileSize;
+    getCanvas().scrollTo(static_cast<int>(kept->second.scrollX * zoomed),
+                         static_cast<int>(kept->second.scrollY * zoomed));
 }
 
 // Maps
@@ -275,8 +285,8 @@ bool AppFrame::mayLeaveMap()
 {
     if (!recovery || !recovery->hasUnsaved())
         return true;
-    switch (host().ask({translate(u"Save the map before another one is opened?"),
-                        Buttons::YesNoCancel})) {
+    switch (host().ask(
+        {translate(u"Save the map before another one is opened?"), Buttons::YesNoCancel})) {
     case Answer::Yes:
         return session.saveCurrentMap();
     case Answer::No:
@@ -343,7 +353,7 @@ MessageResult AppFrame::windowProc(NativeHandle window, std::uint32_t message, W
 void AppFrame::Target::toggleAlwaysOnTop()
 {
     frame.setAlwaysOnTop(!frame.isAlwaysOnTop());
-    frame.toolBar.setButtonChecked(kOnTop, frame.isAlwaysOnTop());
+    frame.setItemChecked(kOnTop, frame.isAlwaysOnTop());
 }
 
 void AppFrame::Target::close()
@@ -353,6 +363,8 @@ void AppFrame::Target::close()
     CommandTarget::close();
     if (!isClosed())
         return;
+    if (session.isEndUnsaved())
+        frame.recovery->keepRecord();
     frame.recovery.reset();
     Application::quit();
 }
@@ -360,7 +372,7 @@ void AppFrame::Target::close()
 void AppFrame::rebuildMenus()
 {
     Menu menu = makeFrameMenu(session.isSystemCoordinateEnabled());
-    addFrameLines(menu, panels());
+    addFrameLines(menu, panels(), isAlwaysOnTop());
     setMenu(menu);
     retranslate(getHandle());
     setText(kProductName);
@@ -441,8 +453,16 @@ void AppFrame::historyChanged(bool canUndo, bool canRedo)
     setItemEnabled(kRedo, canRedo);
 }
 
+/// Each layer keeps the value that was picked in it.
 void AppFrame::toolChanged()
 {
+    const int layer = layerCommand(editor);
+    if (layer != shownLayer) {
+        picked[shownLayer] = editor.getSelectedTile();
+        shownLayer = layer;
+        const auto kept = picked.find(layer);
+        editor.setSelectedTile(kept != picked.end() ? kept->second : 0);
+    }
     updateCommands();
 }
 
@@ -480,7 +500,9 @@ void AppFrame::updateStatus()
                                                                     : CoordinateSystem::Map);
     placePanel->setText(texts.place);
     texts.place.clear();
-    wallPanel->setText(texts.line());
+    if (editor.getMode() != EditorMode::Tile || editor.isFloorLayer())
+        texts.wall.clear();
+    wallPanel->setText(getCanvas().getHover() ? texts.line() : WString());
     const bool unsaved = recovery && recovery->hasUnsaved();
     savedPanel->setText(editor.getMap().fileName.empty() ? WString()
                         : unsaved                        ? translate(u"not saved")

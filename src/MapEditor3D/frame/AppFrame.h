@@ -14,6 +14,7 @@
 #include "MapEditor3D/recovery/ViewState.h"
 
 #include <filesystem>
+#include <map>
 #include <memory>
 
 namespace varn {
@@ -159,8 +160,11 @@ class AppFrame final : public App,
     Label* savedPanel = nullptr;
     Slider zoomSlider;
     Label zoomLabel;
-    std::vector<ToolWindow*> hiddenPanels; ///< by Tab
-    std::filesystem::path nextProject;     ///< is to be opened behind the end of this run
+    std::vector<ToolWindow*> hiddenPanels;                      ///< by Tab
+    int shownLayer = 0;                                         ///< its command
+    std::map<int, int> picked = {{10, 1}, {13, 1}};             ///< values by the layer's command
+    std::shared_ptr<bool> alive = std::make_shared<bool>(true); ///< for posted tasks
+    std::filesystem::path nextProject; ///< is to be opened behind the end of this run
 };
 
 } // namespace varn

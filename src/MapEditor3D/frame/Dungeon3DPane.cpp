@@ -5,6 +5,7 @@
 #include "Component/Translation.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace varn {
 
@@ -38,25 +39,26 @@ DungeonViewPane::DungeonViewPane(WizMapEditor& editor) : editor(editor), view(ed
 
 DungeonViewPane::~DungeonViewPane()
 {
+    *alive = false;
     editor.removeListener(*this);
 }
 
 void DungeonViewPane::reloadImages()
 {
     view.reloadImages();
-    repaint();
+    refresh();
 }
 
 void DungeonViewPane::mapLoaded()
 {
     view.reloadImages();
-    repaint();
+    refresh();
 }
 
 void DungeonViewPane::cellsChanged(const CellRect& cells)
 {
     if (editor.getCursor().sees(editor.getMap(), cells))
-        repaint();
+        refresh();
 }
 
 bool DungeonViewPane::onLeftDown(const MouseEvent&)
@@ -79,13 +81,13 @@ bool DungeonViewPane::onKeyDown(int key, std::uint32_t flags)
 
 bool DungeonViewPane::onSetFocus()
 {
-    repaint();
+    refresh();
     return false;
 }
 
 bool DungeonViewPane::onKillFocus()
 {
-    repaint();
+    refresh();
     return false;
 }
 
@@ -97,14 +99,43 @@ Rect DungeonViewPane::viewPlace(const Graphics& graphics) const
     return {(graphics.getWidth() - width) / 2, (graphics.getHeight() - height) / 2, width, height};
 }
 
+void DungeonViewPane::refresh()
+{
+    if (scheduled || !getHandle())
+        return;
+    scheduled = true;
+    Application::post([this, stillHere = alive] {
+        if (*stillHere && !drawing)
+            draw();
+    });
+}
+
+void DungeonViewPane::draw()
+{
+    scheduled = false;
+    const int width = static_cast<int>(std::lround(getWidth() * getScale()));
+    const int height = static_cast<int>(std::lround(getHeight() * getScale()));
+    if ((picture.getWidth() != width || picture.getHeight() != height) &&
+        !picture.setSize(width, height))
+        return;
+    drawing = true;
+    paintBackground(picture);
+    const Rect place = viewPlace(picture);
+    constexpr int kLeastWidth = 16;
+    if (place.width >= kLeastWidth && editor.getMap().cols > 0) {
+        view.drawView(picture, place, editor.getCursor().getViewpoint());
+        paintWords(picture, place);
+    }
+    drawing = false;
+    repaint();
+}
+
 void DungeonViewPane::paint(Graphics& graphics, const Rect&)
 {
-    paintBackground(graphics);
-    const Rect place = viewPlace(graphics);
-    if (place.width < 16 || editor.getMap().cols <= 0)
-        return;
-    view.drawView(graphics, place, editor.getCursor().getViewpoint());
-    paintWords(graphics, place);
+    if (picture.getWidth() == graphics.getWidth() && picture.getHeight() == graphics.getHeight())
+        picture.drawTo(graphics, 0, 0);
+    else
+        refresh();
 }
 
 /// The facing above; below, who has the keys.

@@ -32,13 +32,20 @@ class DungeonViewPane final : public Component, private MapEditorListener
   private:
     void mapLoaded() override;
     void cellsChanged(const CellRect& cells) override;
-    void eventsChanged() override { repaint(); }
-    void walkerMoved() override { repaint(); }
+    void eventsChanged() override { refresh(); }
+    void walkerMoved() override { refresh(); }
+    void refresh();
+    void draw();
     Rect viewPlace(const Graphics& graphics) const;
     void paintWords(Graphics& graphics, const Rect& place);
 
     WizMapEditor& editor;
     DungeonView view;
+    /// The view is drawn beside the paint message, since a picture that is missing is told in a
+    /// box.
+    Graphics picture;
+    bool scheduled = false, drawing = false;
+    std::shared_ptr<bool> alive = std::make_shared<bool>(true); ///< for posted drawings
 };
 
 /// The view above the on-screen pad.

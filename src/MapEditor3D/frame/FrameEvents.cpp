@@ -5,6 +5,7 @@
 #include "MapEditor3D/frame/panes/EventEditing.h"
 #include "MapEditor3D/frame/panes/MapPropertyDialog.h"
 #include "MapEditor3D/frame/panes/PrintMapDialog.h"
+#include "Util/Host.h"
 
 namespace varn {
 
@@ -83,7 +84,7 @@ void AppFrame::pasteRequested(MapCell cell)
 void AppFrame::deleteRequested()
 {
     if (editor.getSelectedEvent())
-        eventEditing::remove(editor, *editor.getSelectedEvent());
+        eventDeleteRequested(*editor.getSelectedEvent());
 }
 
 void AppFrame::eventShown(std::size_t event)
@@ -98,9 +99,12 @@ void AppFrame::eventCreateRequested()
     createRequested(editor.getCursor().cell);
 }
 
+/// Undo does not bring an event back, so it is asked.
 void AppFrame::eventDeleteRequested(std::size_t event)
 {
-    eventEditing::remove(editor, event);
+    const WString& name = editor.getMap().events.at(event).names[0];
+    if (host().ask({translateWith(u"Delete the event \"%1\"?", {name})}) == Answer::Yes)
+        eventEditing::remove(editor, event);
 }
 
 // Areas
@@ -158,8 +162,10 @@ void AppFrame::mapRenamed(WStringView before, WStringView after)
 void AppFrame::mapDeleted(WStringView name)
 {
     state.floors.erase(mapTree::pathOf(name));
-    if (mapTree::pathOf(name) == editor.getMap().fileName)
-        openFirstMap();
+    if (mapTree::pathOf(name) != editor.getMap().fileName)
+        return;
+    editor.close();
+    openFirstMap();
 }
 
 std::vector<WString> AppFrame::mapNames()

@@ -68,9 +68,9 @@ MenuLine separator()
 
 } // namespace
 
-void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels)
+void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels, bool onTop)
 {
-    constexpr int kFloorLayer = 216, kTileSettings = 225;
+    constexpr int kAlwaysOnTop = 14, kFloorLayer = 216, kTileSettings = 225;
     if (MenuLine* const view = menuWith(menu, kFloorLayer)) {
         MenuLine all;
         all.text = translate(u"Panels");
@@ -82,6 +82,11 @@ void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels)
         }
         view->children.push_back(separator());
         view->children.push_back(std::move(all));
+        MenuLine& top = view->children.emplace_back();
+        top.text = translate(u"Always on top");
+        top.command = kAlwaysOnTop;
+        top.checkable = true;
+        top.checked = onTop;
     }
     if (MenuLine* const tools = menuWith(menu, kTileSettings)) {
         MenuLine find;

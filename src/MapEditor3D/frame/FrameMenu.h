@@ -16,7 +16,9 @@ Menu makeFrameMenu(bool systemCoordinates);
 inline constexpr int kTogglePanel = 1000; ///< its argument: the panel's place
 inline constexpr int kFindCommand = 1001;
 
-/// Adds the panels to the menu of the layers, and the search of commands to that of the tools.
-void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels);
+/// Adds the panels and the window that stays on top to the menu of the layers, and the search of
+/// commands to that of the tools.
+/// @param onTop  the check mark of the window that stays on top
+void addFrameLines(Menu& menu, const std::vector<ToolWindow*>& panels, bool onTop);
 
 } // namespace varn

@@ -176,6 +176,8 @@ void MapCanvas::mapLoaded()
 {
     applyView(getView());
     showScroll();
+    if (hover)
+        hoverAt(pointer); // another size: the pointer may stand beside the map
     schedule();
 }
 
@@ -184,8 +186,7 @@ void MapCanvas::viewChanged()
     CanvasView view = getView();
     if (view.tileSize == editor.getTileSize())
         return;
-    view.zoomTo(editor.getTileSize(),
-                zoomAnchor.value_or(Point{view.width / 2, view.height / 2}));
+    view.zoomTo(editor.getTileSize(), zoomAnchor.value_or(Point{view.width / 2, view.height / 2}));
     applyView(view);
 }
 
@@ -213,7 +214,9 @@ void MapCanvas::hoverAt(Point point)
     painter.setHover(hover);
     if (hover)
         if (const std::optional<PointerInfo> info = lookUnder(editor, *hover))
-            native::announce(getHandle(), varn::announce(*info, CoordinateSystem::Game));
+            native::announce(getHandle(), varn::announce(*info, getOptions().rowsFromBottom
+                                                                    ? CoordinateSystem::Game
+                                                                    : CoordinateSystem::Map));
     if (listener)
         listener->pointerMoved(hover);
     schedule();
@@ -406,6 +409,12 @@ bool MapCanvas::walk(int key, std::uint32_t flags)
     return false;
 }
 
+void MapCanvas::pasteAtPointer()
+{
+    if (const std::optional<PointerInfo> info = lookUnder(editor, *hover))
+        listener->pasteRequested(info->cell);
+}
+
 void MapCanvas::pickDigit(int digit)
 {
     if (const std::optional<int> value = valueOfDigit(TilePalette(editor).entries(), digit))
@@ -422,7 +431,7 @@ bool MapCanvas::onKeyDown(int key, std::uint32_t flags)
         if (key == 'C')
             listener->copyRequested();
         else if (key == 'V' && hover)
-            listener->pasteRequested(lookUnder(editor, *hover)->cell);
+            pasteAtPointer();
         else
             return false;
         return true;

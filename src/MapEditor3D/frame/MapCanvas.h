@@ -95,6 +95,7 @@ class MapCanvas final : public Component, private MapEditorListener
     bool followWarp(Point point);
     void scrollAtBorder(Point point);
     bool walk(int key, std::uint32_t flags);
+    void pasteAtPointer();
     void pickDigit(int digit);
 
     WizMapEditor& editor;

@@ -6,9 +6,8 @@ namespace varn {
 
 void useLanguageTexts()
 {
-    setTranslator([](WStringView english) {
-        return LanguageManager::instance().getDisplayText(english);
-    });
+    setTranslator(
+        [](WStringView english) { return LanguageManager::instance().getDisplayText(english); });
 }
 
 } // namespace varn

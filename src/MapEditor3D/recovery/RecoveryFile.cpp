@@ -175,4 +175,12 @@ void discardRecovery(const FoundRecovery& found)
     std::filesystem::remove(found.file, fault);
 }
 
+void putAside(const FoundRecovery& found)
+{
+    std::filesystem::path aside = found.file;
+    aside.replace_extension("." + std::to_string(found.savedAtMs) + std::string(kExtension));
+    std::error_code fault;
+    std::filesystem::rename(found.file, aside, fault);
+}
+
 } // namespace varn

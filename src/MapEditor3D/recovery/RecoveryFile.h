@@ -62,5 +62,7 @@ std::vector<FoundRecovery> findRecovery(const std::filesystem::path& folder,
 /// False: the file cannot be read, which was told, and the map stays.
 bool applyRecovery(const FoundRecovery& found, WizMapEditor& editor);
 void discardRecovery(const FoundRecovery& found);
+/// Keeps it for the next start under a name of its own, which the record of this run does not take.
+void putAside(const FoundRecovery& found);
 
 } // namespace varn

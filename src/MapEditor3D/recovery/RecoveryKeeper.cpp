@@ -93,18 +93,15 @@ RecoveryKeeper::RecoveryKeeper(WizMapEditor& editor, std::filesystem::path folde
                                std::filesystem::path project)
     : editor(editor), folder(std::move(folder)), project(std::move(project))
 {
-    if (this->folder.empty())
-        return;
     editor.addListener(*this);
     mapLoaded();
 }
 
 RecoveryKeeper::~RecoveryKeeper()
 {
-    if (folder.empty())
-        return;
     editor.removeListener(*this);
-    drop();
+    if (!isKept)
+        drop();
 }
 
 void RecoveryKeeper::flush()
@@ -140,6 +137,8 @@ void RecoveryKeeper::committed()
     if (name.empty() || now == kept)
         return;
     kept = std::move(now);
+    if (folder.empty())
+        return;
     if (!writer)
         writer = std::make_unique<Writer>();
     if (hasUnsaved())

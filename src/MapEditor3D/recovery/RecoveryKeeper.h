@@ -20,6 +20,8 @@ class RecoveryKeeper final : private MapEditorListener
                    std::filesystem::path project);
     /// The clean end: the record that this run kept is removed.
     ~RecoveryKeeper() override;
+    /// What could not be saved is offered at the next start.
+    void keepRecord() { isKept = true; }
     RecoveryKeeper(const RecoveryKeeper&) = delete;
     RecoveryKeeper& operator=(const RecoveryKeeper&) = delete;
 
@@ -41,6 +43,7 @@ class RecoveryKeeper final : private MapEditorListener
     std::filesystem::path folder, project;
     std::filesystem::path file; ///< of the open map's record
     MapContents saved, kept; ///< as the map's files have it, and as it was told to the writer last
+    bool isKept = false;
     std::unique_ptr<Writer> writer;
 };
 

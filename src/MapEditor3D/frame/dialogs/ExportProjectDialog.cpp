@@ -132,7 +132,7 @@ bool exportProjectWithDialog(ProjectSession& session, BaseWindow* parent)
                 if (entry != entryBefore)
                     ++entries;
                 entryBefore = entry;
-                cancelled = !progress->report(done, whole, entry);
+                cancelled = progress && !progress->report(done, whole, entry);
                 messages.setSummary(translateWith(
                     u"Packed: %1 files, %2 KB.",
                     {toDecimal(entries), toDecimal(static_cast<std::int64_t>(whole / 1024))}));

@@ -90,8 +90,11 @@ bool RecoveryDialog::offer(BaseWindow* parent, const std::filesystem::path& stat
     if (found.empty())
         return false;
     RecoveryDialog dialog(std::move(found));
-    if (dialog.doModal(parent) != Ok || !dialog.getChosen())
+    if (dialog.doModal(parent) != Ok || !dialog.getChosen()) {
+        for (const FoundRecovery& left : dialog.found)
+            putAside(left);
         return false;
+    }
     try {
         editor.load(dialog.getChosen()->mapName + u".map");
     } catch (const Exception& fault) {
