@@ -7,7 +7,7 @@
 #include "Component/Table.h"
 #include "Component/UpDownTextField.h"
 #include "Game/Map/GameResourceManager.h"
-#include "MapEditor3D/frame/dialogs/AuditionBar.h"
+#include "MapEditor3D/frame/AuditionBar.h"
 #include "MapEditor3D/frame/dialogs/PictureView.h"
 #include "MapEditor3D/project/ResourceUsage.h"
 

@@ -76,6 +76,9 @@ void MapPropertyDialog::buildSounds()
     page.addRow(u"Background &sound:", bgs).setBuddy(bgs.getList());
     page.addRow(u"&Footsteps:", footstep).setBuddy(footstep.getList());
     page.addRow(u"&Doors:", door).setBuddy(door.getList());
+    page.addWide(audition);
+    for (ResourceChoice* const choice : {&bgm, &bgs, &footstep, &door})
+        choice->onAction([this, choice] { audition.setFile(choice->getPath()); });
 }
 
 void MapPropertyDialog::fill()
@@ -96,6 +99,7 @@ void MapPropertyDialog::fill()
         picture.choice->setName(map.getImageName(picture.type));
     background.setColor(map.backgroundColor);
     bgm.setName(map.bgm);
+    audition.setFile(bgm.getPath());
     bgs.setName(map.bgs);
     footstep.setName(map.footstep);
     door.setName(map.doorSe);

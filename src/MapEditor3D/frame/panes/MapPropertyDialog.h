@@ -7,6 +7,7 @@
 #include "Component/TextArea.h"
 #include "Component/UpDownTextField.h"
 #include "MapEditor3D/ProjectSession.h"
+#include "MapEditor3D/frame/AuditionBar.h"
 #include "MapEditor3D/frame/panes/MapProperties.h"
 #include "MapEditor3D/frame/panes/ResourceChoice.h"
 #include "MapEditor3D/frame/panes/RowChoice.h"
@@ -62,6 +63,7 @@ class MapPropertyDialog final : public Dialog
     };
     std::vector<Picture> pictures;
     ResourceChoice bgm, bgs, footstep, door;
+    AuditionBar audition;
 };
 
 /// Asks for the properties of a new map, writes its files and adds it to the tree, which is saved.

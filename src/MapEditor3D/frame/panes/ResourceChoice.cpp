@@ -89,6 +89,17 @@ WString ResourceChoice::getName() const
                : names[static_cast<std::size_t>(index)];
 }
 
+WString ResourceChoice::getPath() const
+{
+    const WString name = getName();
+    if (name.empty() || naming == Naming::Path || name.find(u'/') != WString::npos)
+        return name;
+    for (const ResourceCategoryInfo& info : resourceCategories())
+        if (info.category == categories.front())
+            return WString(info.folder) + u'/' + name;
+    return name;
+}
+
 void ResourceChoice::setName(WStringView name)
 {
     auto found = std::ranges::find_if(

@@ -32,6 +32,8 @@ class ResourceChoice final : public GroupComponent
     /// Empty: none.
     WString getName() const;
     void setName(WStringView name);
+    /// The file in the project: a bare name lies in the category's folder. Empty: none.
+    WString getPath() const;
     /// Fills the list anew, behind a change of the catalogue.
     void refresh();
 

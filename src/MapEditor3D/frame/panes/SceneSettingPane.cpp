@@ -39,6 +39,7 @@ void SceneSettingPane::onCreate()
     }
     form.addRow(u"&Music:", music).setBuddy(music.getList());
     form.addRow(u"Background &sound:", sound).setBuddy(sound.getList());
+    form.addWide(audition);
 
     visibleDistance.onAction([this] {
         edit([this](WizMap& map) { map.setVisibleDistance(visibleDistance.getValue()); });
@@ -49,8 +50,14 @@ void SceneSettingPane::onCreate()
     });
     distantView.onAction(
         [this] { edit([this](WizMap& map) { map.fillDistantView = distantView.isChecked(); }); });
-    music.onAction([this] { edit([this](WizMap& map) { map.bgm = music.getName(); }); });
-    sound.onAction([this] { edit([this](WizMap& map) { map.bgs = sound.getName(); }); });
+    music.onAction([this] {
+        audition.setFile(music.getPath());
+        edit([this](WizMap& map) { map.bgm = music.getName(); });
+    });
+    sound.onAction([this] {
+        audition.setFile(sound.getPath());
+        edit([this](WizMap& map) { map.bgs = sound.getName(); });
+    });
     showMap();
 }
 
@@ -76,6 +83,7 @@ void SceneSettingPane::showMap()
         picture.choice->setName(map.getImageName(picture.type));
     music.setName(map.bgm);
     sound.setName(map.bgs);
+    audition.setFile(music.getPath());
     following = false;
 }
 

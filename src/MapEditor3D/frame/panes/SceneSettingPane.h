@@ -7,6 +7,7 @@
 #include "Component/UpDownTextField.h"
 #include "MapEditor3D/MapEditorListener.h"
 #include "MapEditor3D/WizMapEditor.h"
+#include "MapEditor3D/frame/AuditionBar.h"
 #include "MapEditor3D/frame/panes/ResourceChoice.h"
 
 namespace varn {
@@ -40,6 +41,7 @@ class SceneSettingPane final : public GroupComponent, private MapEditorListener
     };
     std::vector<Picture> pictures;
     ResourceChoice music, sound;
+    AuditionBar audition;
     bool following = false; // the fields are being filled
     bool editing = false;   // this pane changes the map
 };

@@ -1,4 +1,4 @@
-#include "MapEditor3D/frame/dialogs/AuditionBar.h"
+#include "MapEditor3D/frame/AuditionBar.h"
 
 #include "Component/Layout.h"
 #include "Component/Theme.h"
