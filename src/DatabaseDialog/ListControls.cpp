@@ -300,7 +300,7 @@ class ChildRowsControl::Children final : public BaseDataTable, private TableMode
 {
   public:
     Children(ChildRowsControl& owner, const Field& field)
-        : BaseDataTable(!field.children->fixed), owner(owner), field(field), list(*field.children),
+        : BaseDataTable(!field.children->fixed), owner(owner), list(*field.children),
           pane(list.table(), FieldPane::Columns::One)
     {
         pane.onAction([this] {
@@ -437,7 +437,6 @@ class ChildRowsControl::Children final : public BaseDataTable, private TableMode
     }
 
     ChildRowsControl& owner;
-    const Field& field;
     const ChildRows& list;
     std::unique_ptr<GameRow> copy;
     std::vector<const Field*> columns;

@@ -238,7 +238,7 @@ std::vector<NativeHandle> getChildren(NativeHandle handle)
     for (QObject* const child : widgetOf(handle)->children())
         if (child->isWidgetType() && !static_cast<QWidget*>(child)->isWindow())
             children.push_back(handleOf(static_cast<QWidget*>(child)));
-    std::ranges::stable_partition(children, isTabStrip); // read before the pages below it
+    std::stable_partition(children.begin(), children.end(), isTabStrip); // read before the pages below it
     return children;
 }
 
