@@ -32,8 +32,8 @@ bool isInProject(const WString& name)
 
 } // namespace
 
-DatabaseDialog::DatabaseDialog(WStringView english, std::vector<PageSpec> specs)
-    : Dialog(english), specs(std::move(specs))
+DatabaseDialog::DatabaseDialog(WStringView english, std::vector<PageOutline> outlines)
+    : Dialog(english), outlines(std::move(outlines))
 {
     collectDocuments();
 }
@@ -42,10 +42,10 @@ DatabaseDialog::~DatabaseDialog() = default;
 
 void DatabaseDialog::collectDocuments()
 {
-    for (const PageSpec& spec : specs) {
-        TableFile& file = fileOf(*spec.table);
+    for (const PageOutline& outline : outlines) {
+        TableFile& file = fileOf(*outline.table);
         if (std::ranges::find(documents, &file, &Document::file) == documents.end())
-            documents.push_back({&file, documentName(*spec.table), file.compose()});
+            documents.push_back({&file, documentName(*outline.table), file.compose()});
     }
 }
 
@@ -54,15 +54,15 @@ void DatabaseDialog::build()
     constexpr int kWidth = 1200, kHeight = 660;
     setInitialSize(kWidth, kHeight);
     pages.clear();
-    pages.resize(specs.size());
+    pages.resize(outlines.size());
     holders.clear();
     BoxLayout column(getPane(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
-    if (specs.size() == 1) {
+    if (outlines.size() == 1) {
         holders.push_back(&getPane());
     } else {
         column.add(tabs, 1);
-        for (const PageSpec& spec : specs)
-            holders.push_back(&tabs.addPage(spec.title));
+        for (const PageOutline& outline : outlines)
+            holders.push_back(&tabs.addPage(outline.title));
         tabs.onAction([this] { pageChosen(); });
     }
     ensurePage(0);
@@ -72,8 +72,8 @@ DatabasePage& DatabaseDialog::ensurePage(std::size_t place)
 {
     std::unique_ptr<DatabasePage>& page = pages[place];
     if (!page) {
-        page = std::make_unique<DatabasePage>(specs[place]);
-        if (specs.size() == 1)
+        page = std::make_unique<DatabasePage>(outlines[place]);
+        if (outlines.size() == 1)
             BoxLayout(*holders[place]).add(*page, 1);
         else
             BoxLayout(*holders[place], BoxLayout::Axis::Row).add(*page, 1);

@@ -11,10 +11,10 @@ namespace varn {
 class DatabaseDialog : public Dialog
 {
   public:
-    DatabaseDialog(WStringView english, std::vector<PageSpec> specs);
+    DatabaseDialog(WStringView english, std::vector<PageOutline> outlines);
     ~DatabaseDialog() override;
 
-    std::size_t getPageCount() const { return specs.size(); }
+    std::size_t getPageCount() const { return outlines.size(); }
     /// A page, built if it was not shown yet.
     DatabasePage& ensurePage(std::size_t place);
     void selectPage(std::size_t place);
@@ -33,7 +33,7 @@ class DatabaseDialog : public Dialog
     void collectDocuments();
     void pageChosen();
 
-    std::vector<PageSpec> specs;
+    std::vector<PageOutline> outlines;
     std::vector<Document> documents;
     std::vector<std::unique_ptr<DatabasePage>> pages; ///< null until shown
     std::vector<GroupComponent*> holders;             ///< of the pages

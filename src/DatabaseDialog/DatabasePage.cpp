@@ -146,10 +146,10 @@ class DatabasePage::RowTable final : public Table
     DatabasePage& page;
 };
 
-DatabasePage::DatabasePage(const PageSpec& spec)
-    : spec(spec), table(*spec.table), fields(table.getFieldTable()), filter(table.getFieldTable()),
-      rows(std::make_unique<RowList>(table, filter)), list(std::make_unique<RowTable>(*this)),
-      maximumButton(u"..."), checkButton(u"Check")
+DatabasePage::DatabasePage(const PageOutline& outline)
+    : outline(outline), table(*outline.table), fields(table.getFieldTable()),
+      filter(table.getFieldTable()), rows(std::make_unique<RowList>(table, filter)),
+      list(std::make_unique<RowTable>(*this)), maximumButton(u"..."), checkButton(u"Check")
 {
     checkButton.setHint(u"Compiles the text and tells what is wrong");
 }
@@ -159,7 +159,7 @@ DatabasePage::~DatabasePage() = default;
 void DatabasePage::onCreate()
 {
     BoxLayout row(*this, BoxLayout::Axis::Row, BoxLayout::Margin::None);
-    if (spec.shape == PageSpec::Shape::OneRow) {
+    if (outline.shape == PageOutline::Shape::OneRow) {
         row.add(fieldSide, 1);
         buildFields(fieldSide);
         table.pad(1);
@@ -186,7 +186,7 @@ void DatabasePage::buildList(GroupComponent& pane)
     filter.setListener(this);
     list->setColumns({{u"Name", 0}});
     list->setModel(rows.get());
-    list->setAccessibleName(spec.title);
+    list->setAccessibleName(outline.title);
     list->onAction([this] {
         const int place = list->getSelectedRow();
         if (place >= 0)
@@ -204,13 +204,13 @@ void DatabasePage::buildList(GroupComponent& pane)
 void DatabasePage::buildFields(GroupComponent& pane)
 {
     BoxLayout column(pane, BoxLayout::Axis::Column, BoxLayout::Margin::None);
-    if (spec.shape == PageSpec::Shape::Rows)
+    if (outline.shape == PageOutline::Shape::Rows)
         column.add(idLabel);
     column.add(scroll, 1);
     BoxLayout inside(scroll.getContent(), BoxLayout::Axis::Column, BoxLayout::Margin::None);
     inside.add(fields, 1);
     fields.onAction([this] { rowChanged(); });
-    if (!spec.check)
+    if (!outline.check)
         return;
     GroupComponent& line = pane.add<GroupComponent>();
     column.add(line);
@@ -365,12 +365,12 @@ void DatabasePage::check()
 {
     store();
     const GameRow* const row = findSelected();
-    if (!row || !spec.check)
+    if (!row || !outline.check)
         return;
     checkResult.clear();
     for (const Field& field : table.getFieldTable().fields)
         if (field.kind == Kind::CDataTexts)
-            checkResult += spec.check(row->getName(), varn::getText(*row, field));
+            checkResult += outline.check(row->getName(), varn::getText(*row, field));
     result.setWarning(!checkResult.empty());
     result.setText(checkResult.empty() ? translate(u"No faults.") : checkResult);
 }

@@ -11,7 +11,7 @@
 namespace varn {
 
 /// What a window shows of a table.
-struct PageSpec
+struct PageOutline
 {
     enum class Shape
     {
@@ -31,7 +31,7 @@ struct PageSpec
 class DatabasePage : public GroupComponent, private FilterPane::FilterListener
 {
   public:
-    explicit DatabasePage(const PageSpec& spec);
+    explicit DatabasePage(const PageOutline& outline);
     ~DatabasePage() override;
 
     void onCreate() override;
@@ -74,7 +74,7 @@ class DatabasePage : public GroupComponent, private FilterPane::FilterListener
     void fitCount();
     void showMenu(int x, int y);
 
-    PageSpec spec;
+    PageOutline outline;
     GameTable& table;
     FieldPane fields;
     FilterPane filter;

@@ -35,7 +35,7 @@ struct PageRow
 {
     WStringView title;
     GameTable& (*table)();
-    PageSpec::Shape shape = PageSpec::Shape::Rows;
+    PageOutline::Shape shape = PageOutline::Shape::Rows;
     WString (*check)(WStringView name, WStringView text) = nullptr;
 };
 
@@ -59,16 +59,16 @@ constexpr PageRow kTreasure[] = {
     {u"Traps", tableOf<TreasureBoxTrapList>},
 };
 constexpr PageRow kSystem[] = {
-    {u"System", tableOf<SystemDatabase>, PageSpec::Shape::OneRow},
+    {u"System", tableOf<SystemDatabase>, PageOutline::Shape::OneRow},
     {u"Version", tableOf<VersionControlDatabase>},
 };
 constexpr PageRow kPersons[] = {{u"NPCs", tableOf<NPCList>}};
 constexpr PageRow kMessages[] = {{u"Messages", tableOf<MessageTable>}};
 constexpr PageRow kScripts[] = {
-    {u"Scripts", tableOf<ScriptDatabase>, PageSpec::Shape::Rows, checkScript}};
+    {u"Scripts", tableOf<ScriptDatabase>, PageOutline::Shape::Rows, checkScript}};
 constexpr PageRow kNovels[] = {{u"Novel Scripts", tableOf<NovelScriptDatabase>}};
 constexpr PageRow kFormulas[] = {
-    {u"Formulas", tableOf<FormulaDatabase>, PageSpec::Shape::Rows, checkFormula}};
+    {u"Formulas", tableOf<FormulaDatabase>, PageOutline::Shape::Rows, checkFormula}};
 constexpr PageRow kMarkers[] = {{u"Markers", tableOf<MarkerDatabase>}};
 constexpr PageRow kTypes[] = {
     {u"Spell Types", tableOf<SpellTypeDatabase>},
@@ -126,7 +126,7 @@ bool showDatabaseWindow(BaseWindow* parent, int command)
     if (window == std::end(kWindows))
         return false;
     load(*window);
-    std::vector<PageSpec> pages;
+    std::vector<PageOutline> pages;
     std::vector<GameTable*> tables;
     for (const PageRow& page : window->pages) {
         pages.push_back({page.title, &page.table(), page.shape, page.check});

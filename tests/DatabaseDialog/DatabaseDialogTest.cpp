@@ -38,7 +38,7 @@ class DatabaseDialogTest : public ::testing::Test
         MarkerDatabase::instance().load(u"Markers.xml", 0);
     }
 
-    static std::vector<PageSpec> items() { return {{u"Items", &WizItemList::instance()}}; }
+    static std::vector<PageOutline> items() { return {{u"Items", &WizItemList::instance()}}; }
     static void press(Dialog& dialog, WStringView button)
     {
         robot::click(robot::findByText(dialog.getHandle(), button), 3, 3);

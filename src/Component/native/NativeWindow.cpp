@@ -238,7 +238,8 @@ std::vector<NativeHandle> getChildren(NativeHandle handle)
     for (QObject* const child : widgetOf(handle)->children())
         if (child->isWidgetType() && !static_cast<QWidget*>(child)->isWindow())
             children.push_back(handleOf(static_cast<QWidget*>(child)));
-    std::stable_partition(children.begin(), children.end(), isTabStrip); // read before the pages below it
+    // Read before the pages below it.
+    std::stable_partition(children.begin(), children.end(), isTabStrip);
     return children;
 }
 
